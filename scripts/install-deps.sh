@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs what building, running and testing Lumetra need on Debian 12.
+set -euo pipefail
+
+packages=(
+  cmake ninja-build g++ pkg-config
+  qt6-base-dev qt6-base-dev-tools libgl-dev libglx-dev libopengl-dev libvulkan-dev
+  libgtest-dev
+  fonts-liberation2
+  xvfb xauth
+)
+if [ "${1:-}" = "--tests" ]; then
+  # Real readers and writers of RTF for the end-to-end checks.
+  packages+=(libreoffice-writer-nogui poppler-utils)
+fi
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+sudo=""
+[ "$(id -u)" -eq 0 ] || sudo="sudo"
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update
+$sudo apt-get install -y --no-install-recommends "${missing[@]}"

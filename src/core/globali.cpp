@@ -1,0 +1,11 @@
+#include "core/globali.h"
+
+namespace lumetra {
+
+Globali &globali()
+{
+    static Globali instance;
+    return instance;
+}
+
+} // namespace lumetra

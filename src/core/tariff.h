@@ -1,0 +1,62 @@
+#pragma once
+// The tariff table `dati`: rows 1..dati_contatore of 56 text columns. Columns
+// 1-52 come from tariffe_database.txt; 0, 53, 54, 55 hold the state of the bill.
+
+#include <QByteArray>
+#include <QString>
+#include <array>
+#include <vector>
+
+namespace lumetra {
+
+inline constexpr int kColonne = 56; // columns 0 to 55
+inline constexpr int kColStato = 0;
+inline constexpr int kColCategoria = 1;
+inline constexpr int kColSottocategoria = 2;
+inline constexpr int kColVoce = 3;
+inline constexpr int kColNota = 4;
+inline constexpr int kColPrimaFascia = 5;
+inline constexpr int kColValore = 53;
+inline constexpr int kColQuantita = 54;
+inline constexpr int kColNome = 55;
+
+using RigaTariffa = std::array<QString, kColonne>;
+
+class Tabella {
+public:
+    Tabella();
+    // Number of rows loaded (row 0 exists and is never used).
+    int contatore() const { return int(m_rows.size()) - 1; }
+    // Bounds-checked: a cell outside rows 0..contatore or columns 0..55 is an
+    // unhandled failure.
+    const QString &at(int row, int col) const;
+    QString &at(int row, int col);
+    // Appends a row with the pre-set bill columns ("0", "0", "1", "").
+    int addRow();
+    // Nuovo: every row back to the pre-sets in columns 0, 53, 54, 55.
+    void azzera();
+
+private:
+    std::vector<RigaTariffa> m_rows;
+};
+
+void preimposta(RigaTariffa &row);
+
+// carica_dati's reading of tariffe_database.txt (Mac Roman bytes).
+Tabella caricaTabella(const QByteArray &bytes);
+
+// Value modes of PopImport.
+enum ModoValore { Prestabilito = 0, Indeterminabile = 1, Importante = 2 };
+
+// The column of the current value band of row r for value q and mode m.
+int cerca_scaglione(const Tabella &dati, int r, double q, int mode);
+
+struct Fascia {
+    int colonna = 5;
+    double minimo = 0;
+    double massimo = 0;
+    double media = 0;
+};
+Fascia fascia(const Tabella &dati, int r, double q, int mode);
+
+} // namespace lumetra

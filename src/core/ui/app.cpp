@@ -1,0 +1,116 @@
+#include "core/ui/app.h"
+
+#include "core/failure.h"
+#include "core/globali.h"
+#include "core/ui/dialogs.h"
+#include "core/user_data.h"
+#include "editor/ui/finestra.h"
+
+#include <QFile>
+#include <QMessageBox>
+#include <QTextStream>
+#include <cstdio>
+#include <cstdlib>
+
+namespace lumetra {
+
+App::App(int &argc, char **argv) : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("Lumetra"));
+    setApplicationVersion(QStringLiteral("1.5.1"));
+    setQuitOnLastWindowClosed(false);
+}
+
+App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); }
+
+namespace {
+QString g_folderOverride;
+}
+
+QString applicationFolder()
+{
+    return g_folderOverride.isEmpty() ? QCoreApplication::applicationDirPath() : g_folderOverride;
+}
+
+void setApplicationFolder(const QString &folder) { g_folderOverride = folder; }
+
+void Quit(int code) { QCoreApplication::exit(code); }
+
+std::function<void(const QString &)> &App::failureSink()
+{
+    static std::function<void(const QString &)> sink = [](const QString &message) {
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Lumetra"), message, QMessageBox::Ok);
+        box.exec();
+    };
+    return sink;
+}
+
+void App::reportFailure(const QString &reason)
+{
+    const QString message = QStringLiteral("Errore imprevisto: %1").arg(reason);
+    std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
+    std::fflush(stderr);
+    if (auto &sink = failureSink())
+        sink(message);
+    std::exit(1);
+}
+
+bool App::notify(QObject *receiver, QEvent *event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception &e) {
+        reportFailure(QString::fromStdString(e.what()));
+    } catch (...) {
+        reportFailure(QStringLiteral("eccezione sconosciuta"));
+    }
+}
+
+void App::Event_Open()
+{
+    auto &g = globali();
+    g.modificato = false;
+    QFile file(applicationFolder() + QStringLiteral("/utenza.txt"));
+    if (file.exists()) {
+        if (!file.open(QIODevice::ReadOnly))
+            throw UnhandledFailure(QStringLiteral("impossibile aprire utenza.txt"));
+        g.utenza = leggiUtenza(file.readAll());
+    } else {
+        showUserDataForm();
+    }
+    carica_dati();
+    g.iva = true;
+    g.rite = true;
+}
+
+void App::Event_OpenDocument(const QString &item)
+{
+    Q_UNUSED(item);
+}
+
+void App::Event_EnableMenuItems() {}
+
+void App::showUserDataForm() {}
+
+bool carica_dati()
+{
+    auto &g = globali();
+    QFile file(applicationFolder() + QStringLiteral("/tariffe_database.txt"));
+    if (!file.exists()) {
+        dialogs().messageBox(QStringLiteral("File dei dati tariffari non trovato nella cartella dell'applicazione!\r\r"
+                                            "(tarriffe_database.txt non trovato)"));
+        Quit(0);
+        return false;
+    }
+    if (!file.open(QIODevice::ReadOnly))
+        throw UnhandledFailure(QStringLiteral("impossibile aprire tariffe_database.txt"));
+    g.dati = caricaTabella(file.readAll());
+    if (App *app = App::instance())
+        app->Event_EnableMenuItems();
+    finestra &w = finestra::instance();
+    w.show();
+    w.mostra_ricerca(w.testoCerca());
+    return true;
+}
+
+} // namespace lumetra

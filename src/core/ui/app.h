@@ -1,0 +1,44 @@
+#pragma once
+// The application object: start-up, the menu actions, and the one handler of
+// failures that nothing else handles.
+
+#include <QApplication>
+#include <QString>
+#include <functional>
+
+namespace lumetra {
+
+class App : public QApplication {
+    Q_OBJECT
+public:
+    App(int &argc, char **argv);
+    static App *instance();
+
+    void Event_Open();
+    void Event_OpenDocument(const QString &item);
+    void Event_EnableMenuItems();
+
+    bool notify(QObject *receiver, QEvent *event) override;
+
+    // Tells the user and ends the program with status 1. Tests replace the
+    // visible part through failureSink().
+    [[noreturn]] static void reportFailure(const QString &reason);
+    static std::function<void(const QString &)> &failureSink();
+
+private:
+    // The form of the user's data, modal, for a first run without utenza.txt.
+    void showUserDataForm();
+};
+
+// The application's folder: where tariffe_database.txt and utenza.txt are found.
+QString applicationFolder();
+// Tests put the program's folder elsewhere; an empty text restores the real one.
+void setApplicationFolder(const QString &folder);
+// Quit(0): ends the event loop.
+void Quit(int code);
+
+// Globali.carica_dati: loads the tariff, shows finestra and lists. Returns
+// false when the tariff file is missing (the program is quitting).
+bool carica_dati();
+
+} // namespace lumetra

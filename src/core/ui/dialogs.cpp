@@ -1,0 +1,55 @@
+#include "core/ui/dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace lumetra {
+
+namespace {
+Dialogs g_platform;
+Dialogs *g_current = &g_platform;
+
+QString dialogFolder()
+{
+    return QDir::homePath();
+}
+} // namespace
+
+void Dialogs::messageBox(const QString &text)
+{
+    QString shown = text;
+    shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Lumetra"), shown, QMessageBox::Ok);
+    box.exec();
+}
+
+QString Dialogs::openFile(const QString &filter)
+{
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), dialogFolder(), filter);
+}
+
+QString Dialogs::saveFile(const QString &filter, const QString &proposedName)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString(), dialogFolder(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(proposedName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+bool Dialogs::printerDialog(QPrinter &printer)
+{
+    QPrintDialog dialog(&printer, nullptr);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+Dialogs &dialogs() { return *g_current; }
+
+void setDialogs(Dialogs *replacement) { g_current = replacement ? replacement : &g_platform; }
+
+} // namespace lumetra

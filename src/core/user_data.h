@@ -1,0 +1,18 @@
+#pragma once
+// utenza.txt: the lawyer's particulars, nine lines beside the program.
+
+#include <QByteArray>
+#include <QString>
+#include <array>
+
+namespace lumetra {
+
+using Utenza = std::array<QString, 9>;
+
+// Reads the file's Mac Roman lines into indices 0..8; a shorter file leaves the
+// rest empty. A tenth line has no place to go: an unhandled failure.
+Utenza leggiUtenza(const QByteArray &bytes);
+// Nine lines, Mac Roman, each ended by "\n".
+QByteArray scriviUtenza(const Utenza &utenza);
+
+} // namespace lumetra

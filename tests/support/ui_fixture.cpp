@@ -1,0 +1,117 @@
+#include "support/ui_fixture.h"
+
+#include "core/globali.h"
+#include "core/ui/app.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QWidget>
+
+namespace lumetra::test {
+
+QString FakeDialogs::openFile(const QString &filter)
+{
+    filters << filter;
+    if (openAnswers.empty())
+        return {};
+    QString answer = openAnswers.front();
+    openAnswers.pop_front();
+    return answer;
+}
+
+QString FakeDialogs::saveFile(const QString &filter, const QString &proposedName)
+{
+    filters << filter;
+    proposals << proposedName;
+    if (saveAnswers.empty())
+        return {};
+    QString answer = saveAnswers.front();
+    saveAnswers.pop_front();
+    return answer;
+}
+
+bool FakeDialogs::printerDialog(QPrinter &printer)
+{
+    if (printAnswers.empty())
+        return false;
+    const bool answer = printAnswers.front();
+    printAnswers.pop_front();
+    if (answer && configurePrinter)
+        configurePrinter(printer);
+    return answer;
+}
+
+void UiTest::SetUp()
+{
+    ASSERT_TRUE(dir.isValid());
+    setApplicationFolder(dir.path());
+    setDialogs(&fake);
+    globali() = Globali{};
+    App::failureSink() = [](const QString &message) { ADD_FAILURE() << message.toStdString(); };
+    m_watchdog.setInterval(20);
+    QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (!modal)
+            return;
+        if (!m_modalHandlers.empty()) {
+            auto handler = std::move(m_modalHandlers.front());
+            m_modalHandlers.pop_front();
+            handler(modal);
+            return;
+        }
+        ADD_FAILURE() << "unexpected modal window: " << modal->objectName().toStdString() << " \""
+                      << modal->windowTitle().toStdString() << "\"";
+        modal->close();
+    });
+    m_watchdog.start();
+}
+
+void UiTest::TearDown()
+{
+    m_watchdog.stop();
+    for (QWidget *w : QApplication::topLevelWidgets()) {
+        w->hide();
+        delete w;
+    }
+    settle();
+    setDialogs(nullptr);
+    setApplicationFolder(QString());
+}
+
+QString UiTest::folderPath(const QString &name) const { return dir.filePath(name); }
+
+void UiTest::writeFile(const QString &name, const QByteArray &bytes) const
+{
+    QFile f(folderPath(name));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(bytes);
+}
+
+void UiTest::copyData(const QString &relative, const QString &name) const
+{
+    QFile src(QStringLiteral(LUMETRA_TEST_DATA "/") + relative);
+    ASSERT_TRUE(src.open(QIODevice::ReadOnly)) << relative.toStdString();
+    writeFile(name, src.readAll());
+}
+
+void UiTest::onNextModal(std::function<void(QWidget *)> handler) { m_modalHandlers.push_back(std::move(handler)); }
+
+void UiTest::settle(int ms)
+{
+    QApplication::processEvents();
+    if (ms > 0)
+        QTest::qWait(ms);
+    QApplication::processEvents();
+}
+
+QByteArray smallTariff()
+{
+    QFile f(QStringLiteral(LUMETRA_TEST_DATA "/tariffa_piccola.txt"));
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return f.readAll();
+}
+
+} // namespace lumetra::test

@@ -1,0 +1,60 @@
+#pragma once
+// One fixture for widget tests: the program's folder is a temporary directory,
+// the dialogs are answered by the test, and a modal window that the test did
+// not expect is closed and reported instead of hanging the run.
+
+#include "core/ui/dialogs.h"
+
+#include <QByteArray>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace lumetra::test {
+
+class FakeDialogs : public Dialogs {
+public:
+    void messageBox(const QString &text) override { messages << text; }
+    QString openFile(const QString &filter) override;
+    QString saveFile(const QString &filter, const QString &proposedName) override;
+    bool printerDialog(QPrinter &printer) override;
+
+    QStringList messages;
+    QStringList filters;
+    QStringList proposals;
+    std::deque<QString> openAnswers;  // empty text: cancel
+    std::deque<QString> saveAnswers;  // empty text: cancel
+    std::deque<bool> printAnswers;    // false: cancel
+    std::function<void(QPrinter &)> configurePrinter;
+};
+
+class UiTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Path in the program's (temporary) folder.
+    QString folderPath(const QString &name) const;
+    void writeFile(const QString &name, const QByteArray &bytes) const;
+    // Copies a file of tests/data into the program's folder.
+    void copyData(const QString &relative, const QString &name) const;
+    // The next modal window that opens is given to handler instead of failing the test.
+    void onNextModal(std::function<void(QWidget *)> handler);
+    // Lets queued events run.
+    static void settle(int ms = 0);
+
+    QTemporaryDir dir;
+    FakeDialogs fake;
+
+private:
+    QTimer m_watchdog;
+    std::deque<std::function<void(QWidget *)>> m_modalHandlers;
+};
+
+// A tariff of a few rows in every category, with the special items.
+QByteArray smallTariff();
+
+} // namespace lumetra::test

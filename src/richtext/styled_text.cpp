@@ -1,0 +1,156 @@
+#include "richtext/styled_text.h"
+
+#include "core/failure.h"
+
+#include <algorithm>
+
+namespace lumetra {
+
+void StyledText::SetText(const QString &text)
+{
+    m_text = text;
+    m_styles.assign(size_t(text.size()), TextStyle{});
+    m_alignments.clear();
+    syncParagraphs();
+    m_runsValid = false;
+}
+
+template <class F>
+void StyledText::apply(int start, int length, F change)
+{
+    const int from = std::max(0, start);
+    const int to = std::min(int(m_text.size()), start + std::max(0, length));
+    for (int i = from; i < to; ++i)
+        change(m_styles[size_t(i)]);
+    m_runsValid = false;
+}
+
+void StyledText::Font(int start, int length, const QString &name)
+{
+    apply(start, length, [&](TextStyle &s) { s.font = name; });
+}
+
+void StyledText::Size(int start, int length, float size)
+{
+    apply(start, length, [&](TextStyle &s) { s.size = size; });
+}
+
+void StyledText::Bold(int start, int length, bool on)
+{
+    apply(start, length, [&](TextStyle &s) { s.bold = on; });
+}
+
+void StyledText::Italic(int start, int length, bool on)
+{
+    apply(start, length, [&](TextStyle &s) { s.italic = on; });
+}
+
+void StyledText::Underline(int start, int length, bool on)
+{
+    apply(start, length, [&](TextStyle &s) { s.underline = on; });
+}
+
+void StyledText::TextColor(int start, int length, Colour colour)
+{
+    apply(start, length, [&](TextStyle &s) { s.textColor = colour; });
+}
+
+TextStyle StyledText::styleAt(int position) const
+{
+    if (position < 0 || position >= int(m_styles.size()))
+        return {};
+    return m_styles[size_t(position)];
+}
+
+void StyledText::syncParagraphs()
+{
+    m_paragraphStarts.clear();
+    for (int i = 0; i < m_text.size(); ++i) {
+        if (i == 0 || m_text[i - 1] == QChar(13))
+            m_paragraphStarts.push_back(i);
+    }
+    m_alignments.resize(m_paragraphStarts.size(), 0);
+}
+
+int StyledText::ParagraphCount() const { return int(m_paragraphStarts.size()); }
+
+Paragraph StyledText::paragraph(int index) const
+{
+    if (index < 0 || index >= ParagraphCount())
+        throw UnhandledFailure(QStringLiteral("paragrafo %1 inesistente").arg(index));
+    Paragraph p;
+    p.startPos = m_paragraphStarts[size_t(index)];
+    const int next = index + 1 < ParagraphCount() ? m_paragraphStarts[size_t(index) + 1] : int(m_text.size());
+    p.length = next - p.startPos;
+    if (p.length > 0 && m_text[next - 1] == QChar(13))
+        --p.length;
+    p.alignment = m_alignments[size_t(index)];
+    return p;
+}
+
+void StyledText::ParagraphAlignment(int index, int alignment)
+{
+    if (index < 0 || index >= ParagraphCount())
+        throw UnhandledFailure(QStringLiteral("paragrafo %1 inesistente").arg(index));
+    m_alignments[size_t(index)] = alignment;
+}
+
+int StyledText::ParagraphAlignment(int index) const { return paragraph(index).alignment; }
+
+const std::vector<StyleRun> &StyledText::runs() const
+{
+    if (!m_runsValid) {
+        m_runs.clear();
+        for (int i = 0; i < m_text.size(); ++i) {
+            const TextStyle &s = m_styles[size_t(i)];
+            if (m_runs.empty() || !(m_runs.back().style == s))
+                m_runs.push_back({QString(), s});
+            m_runs.back().text += m_text[i];
+        }
+        m_runsValid = true;
+    }
+    return m_runs;
+}
+
+int StyledText::StyleRunCount() const { return int(runs().size()); }
+
+StyleRun StyledText::styleRun(int index) const
+{
+    const auto &all = runs();
+    if (index < 0 || index >= int(all.size()))
+        throw UnhandledFailure(QStringLiteral("stile %1 inesistente").arg(index));
+    return all[size_t(index)];
+}
+
+void StyledText::AppendStyleRun(const StyleRun &run)
+{
+    m_text += run.text;
+    m_styles.insert(m_styles.end(), size_t(run.text.size()), run.style);
+    syncParagraphs();
+    m_runsValid = false;
+}
+
+void StyledText::RemoveStyleRun(int index)
+{
+    const auto &all = runs();
+    if (index < 0 || index >= int(all.size()))
+        throw UnhandledFailure(QStringLiteral("stile %1 inesistente").arg(index));
+    int start = 0;
+    for (int i = 0; i < index; ++i)
+        start += int(all[size_t(i)].text.size());
+    const int length = int(all[size_t(index)].text.size());
+    m_text.remove(start, length);
+    m_styles.erase(m_styles.begin() + start, m_styles.begin() + start + length);
+    // Paragraphs from the removed stretch on lose their alignment.
+    const auto keep = std::count_if(m_paragraphStarts.begin(), m_paragraphStarts.end(), [&](int p) { return p < start; });
+    m_alignments.resize(size_t(keep));
+    syncParagraphs();
+    m_runsValid = false;
+}
+
+bool StyledText::operator==(const StyledText &other) const
+{
+    return m_text == other.m_text && m_styles == other.m_styles && m_alignments == other.m_alignments;
+}
+
+} // namespace lumetra

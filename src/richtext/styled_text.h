@@ -1,0 +1,87 @@
+#pragma once
+// Text with style runs and paragraphs: the model behind the output window, the
+// RTF writer and the RTF reader. Character 13 ends a paragraph; a paragraph
+// holds its line end, so "a\rb" has two paragraphs and "a\r" one.
+
+#include <QString>
+#include <cstdint>
+#include <vector>
+
+namespace lumetra {
+
+// 0xRRGGBB.
+using Colour = std::uint32_t;
+
+struct TextStyle {
+    QString font = QStringLiteral("System");
+    float size = 0;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    Colour textColor = 0;
+
+    bool operator==(const TextStyle &other) const = default;
+};
+
+struct StyleRun {
+    QString text;
+    TextStyle style;
+};
+
+struct Paragraph {
+    int startPos = 0;
+    // Characters of the paragraph, its line end not counted.
+    int length = 0;
+    // 0 default, 1 left, 2 centre, 3 right.
+    int alignment = 0;
+};
+
+class StyledText {
+public:
+    StyledText() = default;
+    explicit StyledText(const QString &text) { SetText(text); }
+
+    QString Text() const { return m_text; }
+    // Replaces the characters; all of them take the default style, and every
+    // paragraph alignment 0.
+    void SetText(const QString &text);
+
+    // Styles of the characters from start (counted from 0), length of them.
+    void Font(int start, int length, const QString &name);
+    void Size(int start, int length, float size);
+    void Bold(int start, int length, bool on);
+    void Italic(int start, int length, bool on);
+    void Underline(int start, int length, bool on);
+    void TextColor(int start, int length, Colour colour);
+    TextStyle styleAt(int position) const;
+
+    int ParagraphCount() const;
+    // An index outside 0..ParagraphCount()-1 is an unhandled failure.
+    Paragraph paragraph(int index) const;
+    void ParagraphAlignment(int index, int alignment);
+    int ParagraphAlignment(int index) const;
+
+    // Maximal stretches of characters with one style; a line end does not
+    // break a run.
+    int StyleRunCount() const;
+    StyleRun styleRun(int index) const;
+    void AppendStyleRun(const StyleRun &run);
+    void RemoveStyleRun(int index);
+
+    bool operator==(const StyledText &other) const;
+
+private:
+    template <class F>
+    void apply(int start, int length, F change);
+    void syncParagraphs();
+    const std::vector<StyleRun> &runs() const;
+
+    QString m_text;
+    std::vector<TextStyle> m_styles; // one per character
+    std::vector<int> m_alignments;   // one per paragraph
+    std::vector<int> m_paragraphStarts;
+    mutable std::vector<StyleRun> m_runs;
+    mutable bool m_runsValid = false;
+};
+
+} // namespace lumetra

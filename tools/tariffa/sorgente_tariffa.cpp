@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 #include <optional>
+#include <vector>
 
 namespace lumetra {
 
@@ -28,7 +29,15 @@ std::optional<double> cifra(const QString &text)
 
 QString testo(const QString &s) { return QLatin1Char('"') + s + QLatin1Char('"'); }
 
-} // namespace
+struct VoceSorgente {
+    int riga = 0; // line of the table, from 1, for messages
+    RecordTariffa record;
+};
+
+struct TabellaSorgente {
+    std::vector<VoceSorgente> voci;
+    QStringList errori;
+};
 
 TabellaSorgente leggiTabellaSorgente(const QByteArray &utf8)
 {
@@ -55,6 +64,8 @@ TabellaSorgente leggiTabellaSorgente(const QByteArray &utf8)
     return tabella;
 }
 
+} // namespace
+
 QStringList difettiRecord(const RecordTariffa &record)
 {
     QStringList difetti;
@@ -67,6 +78,9 @@ QStringList difettiRecord(const RecordTariffa &record)
         const QString &campo = record[i];
         if (campo == kSeparatore)
             difetti << QStringLiteral("la colonna %1 è il separatore dei record").arg(i + 1);
+        // The program's reader ends a line at CR too: the column would split.
+        if (campo.contains(QLatin1Char('\r')))
+            difetti << QStringLiteral("la colonna %1 contiene un ritorno a capo").arg(i + 1);
         if (fromMacRoman(toMacRoman(campo)) != campo)
             difetti << QStringLiteral("la colonna %1 ha caratteri che Mac Roman non ha").arg(i + 1);
     }

@@ -10,24 +10,11 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <vector>
 
 namespace lumetra {
 
 // One record of the tariff file: its lines, column 1 first.
 using RecordTariffa = QStringList;
-
-struct VoceSorgente {
-    int riga = 0; // line of the table, from 1, for messages
-    RecordTariffa record;
-};
-
-struct TabellaSorgente {
-    std::vector<VoceSorgente> voci;
-    QStringList errori;
-};
-
-TabellaSorgente leggiTabellaSorgente(const QByteArray &utf8);
 
 // What would keep the record from loading and being listed safely in every
 // kind of value, or would make its figures read wrong. Empty when it is sound.
@@ -36,7 +23,7 @@ TabellaSorgente leggiTabellaSorgente(const QByteArray &utf8);
 // ascending limits, the first of them numeric; an open band "> N" that repeats
 // the last limit and ends the scan; then "INDET." and "IMPORT." in either
 // order. Figures are whole numbers or decimals with a comma, minimum not above
-// maximum. Every text must be writable in Mac Roman.
+// maximum. Every text must be one line writable in Mac Roman.
 QStringList difettiRecord(const RecordTariffa &record);
 
 struct FileTariffe {

@@ -11,6 +11,7 @@
 #include "editor/ui/finestra.h"
 
 #include <QFile>
+#include <QFileOpenEvent>
 #include <QMessageBox>
 #include <QTextStream>
 #include <cstdio>
@@ -74,6 +75,15 @@ bool App::notify(QObject *receiver, QEvent *event)
     } catch (...) {
         reportFailure(QStringLiteral("eccezione sconosciuta"));
     }
+}
+
+bool App::event(QEvent *event)
+{
+    if (event->type() == QEvent::FileOpen) {
+        Event_OpenDocument(static_cast<QFileOpenEvent *>(event)->file());
+        return true;
+    }
+    return QApplication::event(event);
 }
 
 void App::Event_Open()

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QTest>
 #include <QWidget>
 
@@ -71,9 +72,15 @@ void UiTest::SetUp()
 void UiTest::TearDown()
 {
     m_watchdog.stop();
-    for (QWidget *w : QApplication::topLevelWidgets()) {
+    // Some top-level widgets (popups, tool tips) belong to another and die with it.
+    QList<QPointer<QWidget>> windows;
+    for (QWidget *w : QApplication::topLevelWidgets())
+        windows << w;
+    for (const auto &w : windows) {
+        if (!w)
+            continue;
         w->hide();
-        delete w;
+        delete w.data();
     }
     settle();
     setDialogs(nullptr);

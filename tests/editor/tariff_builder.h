@@ -9,6 +9,9 @@
 #include <QStringList>
 #include <vector>
 
+// Texts in failure messages as text, not as arrays of characters.
+inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
+
 namespace lumetra::test {
 
 // One record per entry, each a list of the lines of columns 1, 2, 3...

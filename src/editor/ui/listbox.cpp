@@ -166,6 +166,8 @@ public:
         return editor;
     }
 
+    void opzioni(QStyleOptionViewItem *option, const QModelIndex &index) const { initStyleOption(option, index); }
+
 private:
     Listbox *m_list;
 };
@@ -267,6 +269,16 @@ void Listbox::Riempi(std::span<const Cella> celle)
     }
     setUpdatesEnabled(true);
     viewport()->update();
+}
+
+QRect Listbox::rettangoloSpunta(int row, int column) const
+{
+    const QModelIndex index = model()->index(row, column);
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    static_cast<const ListboxDelegate *>(itemDelegate())->opzioni(&option, index);
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
 }
 
 void Listbox::chiudiModifica()

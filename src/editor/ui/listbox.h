@@ -57,8 +57,10 @@ public:
         Riempi(std::span<const Cella>(righe.empty() ? nullptr : righe.front().data(), righe.size() * N));
     }
 
-    // The cell whose editor is open, if any.
+    // Whether a cell is open for typing.
     bool inModifica() const { return m_editor != nullptr; }
+    // Where the check box of a cell lies, in the viewport's coordinates.
+    QRect rettangoloSpunta(int row, int column) const;
     // Ends the editing of the open cell, keeping what was typed, as the
     // program's act: no CellAction.
     void chiudiModifica();

@@ -117,8 +117,9 @@ Sezione Crea_acconto(const Tabella &dati, int section)
         out.testo += rigaVoce(prefisso + nomeVoce(dati, r), dati.at(r, kColQuantita), u, q);
     }
     if (righe > 1) {
-        out.testo += chiusura(section == 1 ? QStringLiteral("(A) TOTALE ACCONTI") : QStringLiteral("TOTALE ACCONTI A DETRARRE"),
-            out.totale);
+        const QString titolo
+            = section == 1 ? QStringLiteral("(A) TOTALE ACCONTI") : QStringLiteral("TOTALE ACCONTI A DETRARRE");
+        out.testo += chiusura(titolo, out.totale);
     }
     return out;
 }

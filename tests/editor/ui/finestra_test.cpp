@@ -324,6 +324,7 @@ TEST_F(FinestraTest, SelectAllWithTheCommandKey)
     EXPECT_EQ(w->EditField1->textCursor().selectedText().size(), 7);
 
     w->EditNota->setText(u("nota"));
+    w->EditNota->setFocus();
     QTest::keyClick(w->EditNota, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(w->EditNota->textCursor().selectedText(), u("nota"));
 

@@ -167,7 +167,7 @@ TEST(Crea_stile, RtfOfTheComposedDocuments)
         // Right for place and client to the last line, the title centred,
         // the subject at the left again, the signature right. The line end
         // outside the font zones starts a run in a paragraph of alignment 0,
-        // so "\\ql" goes out twice more around it.
+        // so \ql goes out twice more around it.
         {"nota_spese", notaSpese(), "l r c l l l r"},
         {"fattura", fattura(), "l r l l l r"},
     };

@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "core/globali.h"
 #include "core/ui/dialogs.h"
+#include "core/ui/fin_dati_utente.h"
 #include "core/user_data.h"
 #include "editor/ui/finestra.h"
 
@@ -34,7 +35,13 @@ QString applicationFolder()
 
 void setApplicationFolder(const QString &folder) { g_folderOverride = folder; }
 
-void Quit(int code) { QCoreApplication::exit(code); }
+std::function<void(int)> &quitHandler()
+{
+    static std::function<void(int)> handler = [](int code) { QCoreApplication::exit(code); };
+    return handler;
+}
+
+void Quit(int code) { quitHandler()(code); }
 
 std::function<void(const QString &)> &App::failureSink()
 {
@@ -90,7 +97,7 @@ void App::Event_OpenDocument(const QString &item)
 
 void App::Event_EnableMenuItems() {}
 
-void App::showUserDataForm() {}
+void App::showUserDataForm() { fin_dati_utente::instance().ShowModal(); }
 
 bool carica_dati()
 {

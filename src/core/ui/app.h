@@ -34,8 +34,9 @@ private:
 QString applicationFolder();
 // Tests put the program's folder elsewhere; an empty text restores the real one.
 void setApplicationFolder(const QString &folder);
-// Quit(0): ends the event loop.
+// Quit(0): ends the event loop. Tests replace what it does through quitHandler().
 void Quit(int code);
+std::function<void(int)> &quitHandler();
 
 // Globali.carica_dati: loads the tariff, shows finestra and lists. Returns
 // false when the tariff file is missing (the program is quitting).

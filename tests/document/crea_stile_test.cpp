@@ -2,7 +2,7 @@
 
 #include "core/failure.h"
 #include "richtext/rtf_writer.h"
-#include "support/test_files.h"
+#include "support/documents.h"
 
 #include <gtest/gtest.h>
 
@@ -14,46 +14,6 @@ namespace {
 const QChar CR(13);
 const QString kTimes = QStringLiteral("Times New Roman");
 const QString kCourier = QStringLiteral("Courier New");
-
-// The two documents of one bill, as composed, with their style maps.
-struct Composed {
-    QString text;
-    StyMap sty_f;
-    int elab;
-};
-
-StyMap map(std::initializer_list<std::array<int, 2>> blocks, int c0, int c1, int c2)
-{
-    StyMap m{};
-    int r = 0;
-    for (const auto &b : blocks) {
-        m[size_t(r)][0] = b[0];
-        m[size_t(r)][1] = b[1];
-        ++r;
-    }
-    m[0][2] = c0;
-    m[1][2] = c1;
-    m[2][2] = c2;
-    return m;
-}
-
-QString documentText(const char *name)
-{
-    QString text = QString::fromUtf8(readBytes(dataPath(QStringLiteral("documento/%1.txt").arg(QLatin1StringView(name)))));
-    return text.replace(QLatin1Char('\n'), CR);
-}
-
-Composed notaSpese()
-{
-    return {documentText("nota_spese"),
-            map({{0, 6}, {7, 12}, {13, 14}, {15, 17}, {18, 27}, {28, 51}, {52, 53}}, 261, 1894, 1913), 0};
-}
-
-Composed fattura()
-{
-    return {documentText("fattura"),
-            map({{0, 4}, {5, 10}, {11, 14}, {15, 17}, {15, 17}, {18, 41}, {42, 43}}, 256, 1656, 1675), 1};
-}
 
 struct Expected {
     bool large;
@@ -137,7 +97,7 @@ TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
 {
     // Blocks of one line each, block 5 empty (its last paragraph before its first).
     const QString text = QStringLiteral("S\rP\rT\rO\r \r \rF \r");
-    const StyMap sty_f = map({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 4}, {5, 6}}, 7, 9, 14);
+    const StyMap sty_f = styMap({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 4}, {5, 6}}, 7, 9, 14);
     const StyledText st = Crea_stile(text, sty_f, 0, 9, 12);
     EXPECT_EQ(st.ParagraphAlignment(4), 1);
     EXPECT_EQ(st.ParagraphAlignment(5), 3);
@@ -151,7 +111,7 @@ TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
 
 TEST(Crea_stile, MapThatDoesNotBelongToTheTextFails)
 {
-    const StyMap sty_f = map({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 9}}, 1, 2, 3);
+    const StyMap sty_f = styMap({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 9}}, 1, 2, 3);
     EXPECT_THROW(Crea_stile(QStringLiteral("a\rb\r"), sty_f, 0, 9, 12), UnhandledFailure);
 }
 

@@ -136,3 +136,27 @@ TEST(BillFile, GarbageNeverCrashes)
             EXPECT_EQ(r.righe.size(), 50u);
     }
 }
+
+#include "core/file_types.h"
+
+TEST(FileTypes, ProposedNames)
+{
+    struct Case {
+        const char *nome, *bill, *rtf;
+    };
+    const Case cases[] = {
+        {"", "Parcella.qX9", "Parcella.rtf"},
+        {"Bozza.qX9", "Bozza.qX9", "Bozza.rtf"},
+        {"Bozza", "Bozza.qX9", "Bozza.rtf"},
+        {"Causa.QX9", "Causa.QX9", "Causa.rtf"},
+        {"Causa.old", "Causa.old.qX9", "Causa.old.rtf"},
+        {"qX9", "qX9.qX9", "qX9.rtf"},
+        {".qx9", ".qx9", ".rtf"},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(nomeProposto(QString::fromUtf8(c.nome)), QString::fromUtf8(c.bill)) << c.nome;
+        EXPECT_EQ(nomePropostoRtf(QString::fromUtf8(c.nome)), QString::fromUtf8(c.rtf)) << c.nome;
+    }
+    EXPECT_EQ(FileTypes::qRX9Lumetra().Extensions, QStringLiteral(".qX9"));
+    EXPECT_EQ(FileTypes::TextRtf().filter(), QStringLiteral("text/rtf (*.rtf)"));
+}

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QTest>
 #include <QWidget>
 
@@ -73,10 +74,12 @@ void UiTest::SetUp()
 void UiTest::TearDown()
 {
     m_watchdog.stop();
-    for (QWidget *w : QApplication::topLevelWidgets()) {
-        w->hide();
-        delete w;
-    }
+    QList<QPointer<QWidget>> windows;
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (!w->parentWidget())
+            windows << w;
+    for (const QPointer<QWidget> &w : windows)
+        delete w.data();
     settle();
     setDialogs(nullptr);
     setApplicationFolder(QString());

@@ -56,6 +56,9 @@ QTextEdit *campoTesto(const QString &name, int left, QWidget *parent)
     field->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     field->setReadOnly(false);
     field->setAcceptRichText(true);
+    // A narrow inset, so that the widest lines of the summary (92 columns at
+    // 9 points) fit the field unbroken.
+    field->document()->setDocumentMargin(2);
     QFont font = field->font();
     font.setPixelSize(12);
     field->setFont(font);
@@ -123,6 +126,7 @@ void fin_elaborazione::Event_Open()
     const QString text = Crea_testo();
     setStyledText(*EditF->document(), Crea_stile(text, sty_f, elab, 9, 12));
     setStyledText(*EditF2->document(), Crea_stile(text, sty_f, elab, 12, 16));
+    EditF->moveCursor(QTextCursor::Start);
 }
 
 void fin_elaborazione::Event_Close() { finestra::instance().show(); }

@@ -59,37 +59,33 @@ void checkZones(const Composed &doc, const StyledText &st)
 
 } // namespace
 
-TEST(Crea_stile, NotaSpeseBlocks)
+// Sizes, styles and alignments of every block, for both kinds and both pairs
+// of sizes.
+TEST(Crea_stile, BlocksOfBothKinds)
 {
-    const Composed doc = notaSpese();
-    const Expected blocks[7] = {
-        {false, false, false, 1}, {true, false, true, 3}, {true, true, false, 2}, {true, false, false, 1},
-        {false, false, false, 1}, {false, true, false, 1}, {true, false, false, 3},
+    struct Case {
+        const char *name;
+        Composed doc;
+        Expected blocks[7];
     };
-    for (auto [size1, size2] : {std::pair{9, 12}, std::pair{12, 16}}) {
-        SCOPED_TRACE(size1);
-        const StyledText st = Crea_stile(doc.text, doc.sty_f, doc.elab, size1, size2);
-        checkZones(doc, st);
-        checkBlocks(doc, st, size1, size2, blocks);
-    }
-}
-
-TEST(Crea_stile, FatturaSubjectAtTheSmallSizeAndTitleAtTheLeft)
-{
-    const Composed doc = fattura();
-    // Block 4 is block 3 again, and its treatment comes second.
-    const Expected blocks[7] = {
-        {false, false, false, 1}, {true, false, true, 3}, {true, true, false, 1}, {false, false, false, 1},
-        {false, false, false, 1}, {false, true, false, 1}, {true, false, false, 3},
+    const Case cases[] = {
+        {"nota spese", notaSpese(),
+         {{false, false, false, 1}, {true, false, true, 3}, {true, true, false, 2}, {true, false, false, 1},
+          {false, false, false, 1}, {false, true, false, 1}, {true, false, false, 3}}},
+        // Block 4 is block 3 again, and its treatment comes second: the
+        // subject at the small size. The title (three lines and a blank) is
+        // bold and at the left.
+        {"fattura", fattura(),
+         {{false, false, false, 1}, {true, false, true, 3}, {true, true, false, 1}, {false, false, false, 1},
+          {false, false, false, 1}, {false, true, false, 1}, {true, false, false, 3}}},
     };
-    for (auto [size1, size2] : {std::pair{9, 12}, std::pair{12, 16}}) {
-        SCOPED_TRACE(size1);
-        const StyledText st = Crea_stile(doc.text, doc.sty_f, doc.elab, size1, size2);
-        checkZones(doc, st);
-        checkBlocks(doc, st, size1, size2, blocks);
-        // The title block: three lines and a blank, all bold.
-        for (int p = 11; p <= 14; ++p)
-            EXPECT_TRUE(st.styleAt(st.paragraph(p).startPos).bold) << p;
+    for (const auto &c : cases) {
+        for (auto [size1, size2] : {std::pair{9, 12}, std::pair{12, 16}}) {
+            SCOPED_TRACE(std::string(c.name) + " " + std::to_string(size1));
+            const StyledText st = Crea_stile(c.doc.text, c.doc.sty_f, c.doc.elab, size1, size2);
+            checkZones(c.doc, st);
+            checkBlocks(c.doc, st, size1, size2, c.blocks);
+        }
     }
 }
 

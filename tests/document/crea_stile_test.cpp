@@ -1,6 +1,5 @@
 #include "document/crea_stile.h"
 
-#include "core/failure.h"
 #include "richtext/rtf_writer.h"
 #include "support/documents.h"
 
@@ -103,12 +102,6 @@ TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
         EXPECT_FALSE(st.styleAt(i).bold) << i;
     }
     EXPECT_EQ(st.styleAt(8).size, 9.0f);
-}
-
-TEST(Crea_stile, MapThatDoesNotBelongToTheTextFails)
-{
-    const StyMap sty_f = styMap({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 9}}, 1, 2, 3);
-    EXPECT_THROW(Crea_stile(QStringLiteral("a\rb\r"), sty_f, 0, 9, 12), UnhandledFailure);
 }
 
 // The file a saved document gives, byte for byte.

@@ -122,18 +122,3 @@ TEST(StyledDocument, EditsTakeTheStyleTheyShow)
     for (int p = 0; p < composed.ParagraphCount(); ++p)
         ASSERT_EQ(edited.ParagraphAlignment(p), composed.ParagraphAlignment(p)) << p;
 }
-
-TEST(StyledDocument, HtmlKeepsFontsAndSizesButNoAlignment)
-{
-    QTextDocument document;
-    setStyledText(document, styledDocument(notaSpese(), 9, 12));
-    const QString html = htmlWithoutAlignment(document);
-    EXPECT_FALSE(html.contains(q("align=")));
-    EXPECT_FALSE(html.contains(q("font-size:9px")));
-    EXPECT_TRUE(html.contains(q("Courier New")));
-    EXPECT_TRUE(html.contains(q("font-size:9pt")));
-    EXPECT_TRUE(html.contains(q("font-size:12pt")));
-    EXPECT_TRUE(html.contains(q("NOTA SPESE - COMPETENZE")));
-    // The document itself keeps its alignments.
-    EXPECT_EQ(document.findBlockByNumber(13).blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
-}

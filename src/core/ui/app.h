@@ -40,6 +40,12 @@ public:
 
     bool notify(QObject *receiver, QEvent *event) override;
 
+protected:
+    // macOS hands documents over as QFileOpenEvent.
+    bool event(QEvent *event) override;
+
+public:
+
     // Tells the user and ends the program with status 1. Tests replace the
     // visible part through failureSink().
     [[noreturn]] static void reportFailure(const QString &reason);

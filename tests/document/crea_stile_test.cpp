@@ -122,7 +122,7 @@ TEST(Crea_stile, RtfOfTheComposedDocuments)
     };
     for (const auto &c : cases) {
         const QByteArray rtf = RTFData(Crea_stile(c.doc.text, c.doc.sty_f, c.doc.elab, 9, 12));
-        EXPECT_EQ(rtf, readBytes(dataPath(QStringLiteral("documento/%1.rtf").arg(QLatin1StringView(c.name)))))
+        EXPECT_EQ(rtf, readBytes(goldenPath(QStringLiteral("%1.rtf").arg(QLatin1StringView(c.name)))))
             << c.name;
         QByteArrayList words;
         for (qsizetype i = rtf.indexOf("\\q"); i >= 0; i = rtf.indexOf("\\q", i + 1))

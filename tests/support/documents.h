@@ -30,11 +30,12 @@ inline StyMap styMap(std::initializer_list<std::array<int, 2>> blocks, int c0, i
     return m;
 }
 
-// tests/data/documento/<name>.txt, its line feeds turned into character 13.
+// The golden documents of the worked example, tests/data/golden/nota_e_fattura/.
+inline QString goldenPath(const QString &file) { return dataPath(QStringLiteral("golden/nota_e_fattura/") + file); }
+
 inline QString documentText(const QString &name)
 {
-    QString text = QString::fromUtf8(readBytes(dataPath(QStringLiteral("documento/%1.txt").arg(name))));
-    return text.replace(QLatin1Char('\n'), QChar(13));
+    return QString::fromUtf8(readBytes(goldenPath(name + QStringLiteral(".txt"))));
 }
 
 inline Composed notaSpese()

@@ -1,5 +1,6 @@
 #include "editor/ui/finestra.h"
 
+#include "advance/ui/fin_acconto.h"
 #include "core/globali.h"
 #include "core/text_functions.h"
 #include "core/ui/app.h"
@@ -491,7 +492,7 @@ void finestra::Listbox1_CellAction(int row, int column)
     mostra_notaspese();
 }
 
-void finestra::calcolaAcconto() {}
+void finestra::calcolaAcconto() { fin_acconto::instance().ShowModal(); }
 
 bool finestra::Listbox1_CellClick(int row, int column)
 {

@@ -7,6 +7,7 @@
 #include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
+#include "editor/ui/look.h"
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -20,30 +21,13 @@ namespace {
 const QColor kGrigio(0x4c, 0x4c, 0x4c);
 const QColor kBordeaux(0x80, 0, 0);
 
-QFont arial14()
-{
-    // Sizes of the window's 72-dpi design, where a point is a pixel.
-    QFont f(QStringLiteral("Arial"));
-    f.setPixelSize(14);
-    f.setBold(true);
-    return f;
-}
-
-void colore(QWidget *w, QPalette::ColorRole role, const QColor &c)
-{
-    QPalette p = w->palette();
-    p.setColor(QPalette::Active, role, c);
-    p.setColor(QPalette::Inactive, role, c);
-    w->setPalette(p);
-}
-
 QLabel *etichetta(QWidget *parent, const char *name, QRect geometry, const char *text, Qt::Alignment align,
                   const QColor &color)
 {
     auto *l = new QLabel(QString::fromUtf8(text), parent);
     l->setObjectName(QString::fromLatin1(name));
     l->setGeometry(geometry);
-    l->setFont(arial14());
+    l->setFont(arial(14, true));
     l->setAlignment(align | Qt::AlignTop);
     colore(l, QPalette::WindowText, color);
     return l;
@@ -54,7 +38,7 @@ EditLine *campo(QWidget *parent, int index, QRect geometry)
     auto *e = new EditLine(parent);
     e->setObjectName(QStringLiteral("EditQNL%1").arg(index));
     e->setGeometry(geometry);
-    e->setFont(arial14());
+    e->setFont(arial(14, true));
     e->setLimitText(30);
     e->setText(QStringLiteral("0"));
     colore(e, QPalette::Text, kBordeaux);
@@ -93,7 +77,7 @@ fin_acconto::fin_acconto() : QDialog(finestra::existing())
     PushButton1 = new QPushButton(QStringLiteral("Inserisci"), this);
     PushButton1->setObjectName(QStringLiteral("PushButton1"));
     PushButton1->setGeometry(20, 220, 260, 22);
-    PushButton1->setFont(arial14());
+    PushButton1->setFont(arial(14, true));
     PushButton1->setDefault(true);
 
     setTabOrder(EditQNL[0], EditQNL[1]);

@@ -51,6 +51,8 @@ void UiTest::SetUp()
     setDialogs(&fake);
     globali() = Globali{};
     App::failureSink() = [](const QString &message) { ADD_FAILURE() << message.toStdString(); };
+    quits.clear();
+    quitHandler() = [this](int code) { quits << code; };
     m_watchdog.setInterval(20);
     QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
         QWidget *modal = QApplication::activeModalWidget();

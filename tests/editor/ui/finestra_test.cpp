@@ -178,6 +178,7 @@ TEST_F(FinestraTest, CountersLineEndsAndSelectAll)
     QTest::keyClick(w->EditField1, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(w->EditField1->textCursor().selectedText().size(), 68);
     w->EditNota->setText(u("nota"));
+    w->EditNota->setFocus();
     QTest::keyClick(w->EditNota, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(w->EditNota->textCursor().selectedText(), u("nota"));
     valore(u("123"));

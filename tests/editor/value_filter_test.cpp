@@ -22,10 +22,11 @@ TEST(ValueFilter, JudgesTheLastCharacterAlone)
     };
     for (const auto &c : cases) {
         const auto result = filtra_valore(u(c.text));
-        if (c.after == nullptr)
+        if (c.after == nullptr) {
             EXPECT_FALSE(result.has_value()) << c.text;
-        else
+        } else {
             EXPECT_EQ(result.value_or(u("<none>")), u(c.after)) << c.text;
+        }
     }
 }
 
@@ -45,8 +46,9 @@ TEST(Categories, SubListsAndLabels)
         const Sottocategorie s = sottocategorie(c.index);
         EXPECT_EQ(s.etichetta, u(c.label)) << c.index;
         ASSERT_EQ(s.voci.size(), c.count) << c.index;
-        if (c.count > 0)
+        if (c.count > 0) {
             EXPECT_EQ(s.voci.back(), u(c.last)) << c.index;
+        }
     }
     // Keys of the tariff file, odd forms included.
     EXPECT_EQ(sottocategorie(4).voci.at(0), u("Giudici di pace"));

@@ -143,8 +143,9 @@ TEST_F(AccontoTest, EveryControlAtItsPlace)
             auto *x = c.findChild<QWidget *>(QString::fromLatin1(k.name));
             ASSERT_NE(x, nullptr) << k.name;
             EXPECT_EQ(x->geometry(), k.rect) << k.name;
-            if (auto *l = qobject_cast<QLabel *>(x))
+            if (auto *l = qobject_cast<QLabel *>(x)) {
                 EXPECT_EQ(l->text(), u(k.text)) << k.name;
+            }
         }
         EXPECT_EQ(c.EditQNL[0]->Text() + c.EditQNL[1]->Text(), u("00"));
         EXPECT_TRUE(c.PushButton1->isDefault() && c.PushButton1->font().bold());

@@ -51,10 +51,11 @@ TEST_F(FinestraTest, EveryControlAtItsPlace)
         ASSERT_NE(control, nullptr) << c.name;
         EXPECT_STREQ(control->metaObject()->className(), c.kind) << c.name;
         EXPECT_EQ(control->geometry(), c.rect) << c.name;
-        if (c.font)
+        if (c.font) {
             EXPECT_EQ(std::tuple(control->font().family(), control->font().pixelSize(), control->font().bold()),
                       std::tuple(u("Arial"), c.font, c.bold))
                 << c.name;
+        }
     }
     EXPECT_EQ(w->centralWidget()->size(), QSize(1004, 690));
     EXPECT_EQ(w->windowTitle(), u("Lumetra"));

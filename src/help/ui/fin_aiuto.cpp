@@ -103,6 +103,7 @@ fin_aiuto::fin_aiuto()
     text.setColor(QPalette::Text, Qt::black);
     EditF->setPalette(text);
     EditF->setFont(QFont(QStringLiteral("Times New Roman"), 18));
+    EditF->document()->setDocumentMargin(10);
     EditF_Open(EditF);
 }
 

@@ -1,14 +1,24 @@
 #include "core/ui/app.h"
+#include "core/ui/document_handover.h"
 
 #include <QTimer>
 #include <exception>
 
 int main(int argc, char **argv)
 {
-    using lumetra::App;
+    using namespace lumetra;
     App app(argc, argv);
     try {
-        QTimer::singleShot(0, &app, [&app] { app.Event_Open(); });
+        const QStringList documents = documentArguments(App::arguments());
+        if (!documents.isEmpty() && DocumentHandover::forwardToRunning(documents))
+            return 0;
+        DocumentHandover handover;
+        QTimer::singleShot(0, &app, [&app, &handover, documents] {
+            app.Event_Open();
+            for (const QString &document : documents)
+                app.Event_OpenDocument(document);
+            handover.listen();
+        });
         return app.exec();
     } catch (const std::exception &e) {
         App::reportFailure(QString::fromStdString(e.what()));

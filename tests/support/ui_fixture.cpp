@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QTest>
 #include <QWidget>
 
@@ -50,6 +51,8 @@ void UiTest::SetUp()
     setDialogs(&fake);
     globali() = Globali{};
     App::failureSink() = [](const QString &message) { ADD_FAILURE() << message.toStdString(); };
+    quits.clear();
+    quitHandler() = [this](int code) { quits << code; };
     m_watchdog.setInterval(20);
     QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
         QWidget *modal = QApplication::activeModalWidget();
@@ -71,10 +74,12 @@ void UiTest::SetUp()
 void UiTest::TearDown()
 {
     m_watchdog.stop();
-    for (QWidget *w : QApplication::topLevelWidgets()) {
-        w->hide();
-        delete w;
-    }
+    QList<QPointer<QWidget>> windows;
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (!w->parentWidget())
+            windows << w;
+    for (const QPointer<QWidget> &w : windows)
+        delete w.data();
     settle();
     setDialogs(nullptr);
     setApplicationFolder(QString());

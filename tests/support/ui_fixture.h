@@ -6,6 +6,7 @@
 #include "core/ui/dialogs.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -48,6 +49,8 @@ protected:
 
     QTemporaryDir dir;
     FakeDialogs fake;
+    // The codes Quit was called with.
+    QList<int> quits;
 
 private:
     QTimer m_watchdog;

@@ -2,11 +2,16 @@
 
 #include "core/failure.h"
 #include "core/globali.h"
+#include "core/file_types.h"
 #include "core/ui/dialogs.h"
+#include "core/ui/fin_avverti.h"
+#include "core/ui/menubar.h"
+#include "core/ui/fin_dati_utente.h"
 #include "core/user_data.h"
 #include "editor/ui/finestra.h"
 
 #include <QFile>
+#include <QFileOpenEvent>
 #include <QMessageBox>
 #include <QTextStream>
 #include <cstdio>
@@ -34,7 +39,13 @@ QString applicationFolder()
 
 void setApplicationFolder(const QString &folder) { g_folderOverride = folder; }
 
-void Quit(int code) { QCoreApplication::exit(code); }
+std::function<void(int)> &quitHandler()
+{
+    static std::function<void(int)> handler = [](int code) { QCoreApplication::exit(code); };
+    return handler;
+}
+
+void Quit(int code) { quitHandler()(code); }
 
 std::function<void(const QString &)> &App::failureSink()
 {
@@ -66,6 +77,15 @@ bool App::notify(QObject *receiver, QEvent *event)
     }
 }
 
+bool App::event(QEvent *event)
+{
+    if (event->type() == QEvent::FileOpen) {
+        Event_OpenDocument(static_cast<QFileOpenEvent *>(event)->file());
+        return true;
+    }
+    return QApplication::event(event);
+}
+
 void App::Event_Open()
 {
     auto &g = globali();
@@ -88,9 +108,67 @@ void App::Event_OpenDocument(const QString &item)
     Q_UNUSED(item);
 }
 
-void App::Event_EnableMenuItems() {}
+MenuBar1 *App::menuBar()
+{
+    if (!m_menuBar)
+        m_menuBar = new MenuBar1;
+    return m_menuBar;
+}
 
-void App::showUserDataForm() {}
+void App::Event_EnableMenuItems()
+{
+    MenuBar1 *bar = menuBar();
+    for (const char *name : {"ArchivioNuovo", "ArchivioApri", "ArchivioRegistracome", "ArchivioDatiUtente",
+                             "AiutoMostraaiuto", "AiutoInfo", "FileQuit"})
+        bar->item(QString::fromLatin1(name))->setEnabled(true);
+    bar->AiutoMenu->setEnabled(true);
+    bar->item(QStringLiteral("ArchivioRegistra"))->setEnabled(!globali().nome_attuale.isEmpty());
+}
+
+bool App::guardia()
+{
+    auto &g = globali();
+    if (g.modificato)
+        fin_avverti::instance().ShowModal();
+    else
+        g.consenti = true;
+    return g.consenti;
+}
+
+void App::_ArchivioDatiUtente_Action() { fin_dati_utente::instance().Show(); }
+
+void App::_FileQuit_Action()
+{
+    if (guardia())
+        Quit(0);
+}
+
+void App::_ArchivioRegistra_Action()
+{
+    if (!globali().file_attuale.isEmpty())
+        Registrazione_parcella(globali().file_attuale);
+}
+
+void App::_ArchivioRegistracome_Action()
+{
+    const QString path = dialogs().saveFile(FileTypes::qRX9Lumetra().filter(), nomeProposto(globali().nome_attuale));
+    if (!path.isEmpty())
+        Registrazione_parcella(path);
+}
+
+void App::_ArchivioNuovo_Action() {}
+
+void App::_ArchivioApri_Action() {}
+
+void App::_AiutoInfo_Action() {}
+
+void App::_AiutoMostraaiuto_Action() {}
+
+void App::Registrazione_parcella(const QString &path) { Q_UNUSED(path); }
+
+void App::AprifileqXR9(const QString &path) { Q_UNUSED(path); }
+
+void App::showUserDataForm() { fin_dati_utente::instance().ShowModal(); }
 
 bool carica_dati()
 {
@@ -108,6 +186,8 @@ bool carica_dati()
     if (App *app = App::instance())
         app->Event_EnableMenuItems();
     finestra &w = finestra::instance();
+    if (App *app = App::instance(); app && w.menuBar() != app->menuBar())
+        w.setMenuBar(app->menuBar());
     w.show();
     w.mostra_ricerca(w.testoCerca());
     return true;

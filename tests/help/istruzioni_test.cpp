@@ -15,7 +15,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(dir.isValid());
-        QDir(dir.path()).mkdir(QStringLiteral("bin"));
+        QDir(dir.path()).mkpath(QStringLiteral("bin/Resources"));
         setIstruzioniExecutableFolder(dir.filePath(QStringLiteral("bin")));
         x_istruzioni() = {};
     }
@@ -24,10 +24,10 @@ protected:
         setIstruzioniExecutableFolder(QString());
         x_istruzioni() = {};
     }
-    void writeManual(const QByteArray &bytes)
+    void write(const QString &path, const QByteArray &bytes)
     {
         QDir(dir.path()).mkdir(QStringLiteral("Resources"));
-        test::writeBytes(dir.filePath(QStringLiteral("Resources/istruzioni.rtf")), bytes);
+        test::writeBytes(dir.filePath(path), bytes);
     }
 
     QTemporaryDir dir;
@@ -35,34 +35,23 @@ protected:
 
 } // namespace
 
-TEST_F(Istruzioni, ReadOnceARunFromTheResourcesBesideTheExecutablesFolder)
+TEST_F(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
 {
-    // Bytes as they are: the RTF declares its own encoding.
+    // Not from beside the executable, nor from a Resources folder inside its folder.
+    write(QStringLiteral("bin/Resources/istruzioni.rtf"), "{\\rtf1 qui}");
+    // The bytes as they are: the RTF declares its own encoding.
     const QByteArray manual("{\\rtf1 Citt\xe0\r\n}");
-    writeManual(manual);
-    EXPECT_FALSE(x_istruzioni().loaded);
+    write(QStringLiteral("Resources/istruzioni.rtf"), manual);
     EXPECT_EQ(istruzioni(), manual);
     EXPECT_TRUE(x_istruzioni().loaded);
-    writeManual("{\\rtf1 nuovo}");
+    write(QStringLiteral("Resources/istruzioni.rtf"), "{\\rtf1 nuovo}");
     EXPECT_EQ(istruzioni(), manual);
 }
 
-TEST_F(Istruzioni, MissingFolderOrFileGivesAnEmptyTextForTheWholeRun)
+TEST_F(Istruzioni, MissingManualIsNotLookedForAgain)
 {
     EXPECT_EQ(istruzioni(), QByteArray());
     EXPECT_TRUE(x_istruzioni().loaded);
-    writeManual("{\\rtf1 tardi}");
-    EXPECT_EQ(istruzioni(), QByteArray());
-
-    x_istruzioni() = {};
-    QFile::remove(dir.filePath(QStringLiteral("Resources/istruzioni.rtf")));
-    EXPECT_EQ(istruzioni(), QByteArray());
-}
-
-TEST_F(Istruzioni, NotBesideTheExecutableItself)
-{
-    test::writeBytes(dir.filePath(QStringLiteral("bin/istruzioni.rtf")), "{\\rtf1 qui}");
-    QDir(dir.filePath(QStringLiteral("bin"))).mkdir(QStringLiteral("Resources"));
-    test::writeBytes(dir.filePath(QStringLiteral("bin/Resources/istruzioni.rtf")), "{\\rtf1 qui}");
+    write(QStringLiteral("Resources/istruzioni.rtf"), "{\\rtf1 tardi}");
     EXPECT_EQ(istruzioni(), QByteArray());
 }

@@ -34,7 +34,6 @@ TEST(RtfReader, Documents)
         // Head
         {"empty", "", "", ""},
         {"no head", "hello {\\b x}", "", ""},
-        {"short head", "{\\rt", "", ""},
         {"head ignores case", "{\\RTF1 x}", "x", "1"},
         // The writer's own output
         {"writer example",
@@ -48,7 +47,6 @@ TEST(RtfReader, Documents)
         {"empty line kept after text", "{\\rtf1 a\\par\\par b}", "a¶¶b", "111"},
         {"file line breaks are no text", "{\\rtf1 a\r\nb\rc\nd}", "abcd", "1"},
         {"backslash newline is \\par", "{\\rtf1 a\\\r\nb}", "a¶b", "11"},
-        {"\\u13 from the queue is a line end", "{\\rtf1\\ansicpg256 a\\u13 b}", "a¶b", "11"},
         // Delimiters
         {"one blank swallowed, the next is text", "{\\rtf1\\b  x}", "<b> x", "1"},
         {"any byte is a delimiter", "{\\rtf1\\b1x y}", "<b> y", "1"},
@@ -57,13 +55,11 @@ TEST(RtfReader, Documents)
         {"style ends with its group", "{\\rtf1{\\b bold} plain}", "<b>bold| plain", "1"},
         {"unknown word at a group's start drops it", "{\\rtf1{\\foo text}x}", "x", "1"},
         {"unknown word elsewhere is passed over", "{\\rtf1 a\\foo text}", "atext", "1"},
-        {"nested groups of a dropped group", "{\\rtf1{\\foo a{\\b b}c}d}", "d", "1"},
         {"\\* keeps a known word from acting", "{\\rtf1{\\*\\b x}y}", "y", "1"},
         {"\\upr keeps its group", "{\\rtf1{\\upr{a}{\\*\\ud{b}}}}", "a", "1"},
         {"script switches keep their group", "{\\rtf1{\\loch a}{\\rtlch\\b b}}", "a|<b>b", "1"},
         {"style sheet and info dropped",
          "{\\rtf1{\\stylesheet{\\s0\\b Normal;}}{\\info{\\title T}{\\author A}}x}", "x", "1"},
-        {"\\plain and \\tab give nothing", "{\\rtf1\\b a\\plain\\tab b}", "<b>ab", "1"},
         // Binary data
         {"\\bin stepped over", "{\\rtf1 a\\bin3 \\}{b}", "ab", "1"},
         {"\\bin inside a dropped group", "{\\rtf1{\\pict\\bin2 }}}x}", "x", "1"},
@@ -72,10 +68,10 @@ TEST(RtfReader, Documents)
         // Unbalanced braces
         {"stops at a brace with no group", "{\\rtf1 a}}b", "a", "1"},
         {"text behind the last brace dropped", "{\\rtf1 a}b", "a", "1"},
-        {"unclosed groups", "{\\rtf1{{a", "a", "1"},
         {"table braces stay open, so text behind the end is read",
          "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red255\\green0\\blue0;}\\f0\\cf1 x}y", "<Arial #ff0000>x|y", "1"},
         // Tables
+        {"a byte behind a table's brace is swallowed", "{\\rtf1{\\fonttbl{\\f0 A;}}xy{\\colortbl;}zw}", "yw", "1"},
         {"ends inside a font table", "{\\rtf1{\\fonttbl{\\f0 Arial", "", ""},
         {"ends inside a colour table", "{\\rtf1{\\colortbl\\red255;", "", ""},
         {"font entry with groups of its own",
@@ -124,19 +120,14 @@ TEST(RtfReader, NumberedCharacters)
         {"Unicode", "\\ansicpg256 \\u8364\\u224\\'e9", q("€àé")},
         {"Unicode, negative numbers", "\\ansicpg256 \\u-3913\\u-32768", q("\uF0B7\u8000")},
         {"Unicode, surrogate pair", "\\ansicpg256 \\u55357\\u56832", q("😀")},
-        {"Unicode, beyond the code points", "\\ansicpg256 a\\u99999999 b\\u-99999 c", q("abc")},
         {"Windows-1252", "\\ansicpg1252 \\'80\\'e0\\'9c", q("€àœ")},
-        {"Windows-1252 holds no \\u8364", "\\ansicpg1252 \\u8364\\'80", q("€")},
         {"Mac Roman", "\\ansicpg10000 \\'8e\\'88\\'db", q("éà€")},
         {"UTF-8 bytes", "\\ansicpg65001 \\'c3\\'a0\\'e2\\'82\\'ac\\u233", q("à€é")},
         {"other code pages read as Windows-1252", "\\ansicpg437 \\'80", q("€")},
-        {"\\ansicpg without a number", "\\ansicpg \\'80", q("€")},
         {"plain bytes: ASCII reads Latin-1", " \xe0\x80", q("à\u0080")},
         {"plain bytes: \\ansi", "\\ansi \xe0\x80", q("à€")},
         {"plain bytes: \\mac", "\\mac \x88\xdb", q("à€")},
-        {"\\ansicpg leaves plain bytes alone", "\\ansicpg10000 \xe0", q("à")},
         {"encoding ends with its group", "{\\ansicpg1252 \\'80}\\'80", q("€\u0080")},
-        {"short hex", " \\'e}", q("\u000e")},
         {"no hex", " \\'zzy", QString(QChar(0)) + QLatin1Char('y')},
     };
     for (const auto &c : cases)
@@ -153,105 +144,10 @@ TEST(RtfReader, QueuedBracesAndBackslashesAct)
     EXPECT_EQ(describe(read("{\\rtf1 \\'7b\\b x} y}")), q("<b>x| y"));
 }
 
-TEST(RtfReader, ReplacesWhatTheTextHeld)
-{
-    StyledText t(q("vecchio"));
-    t.ParagraphAlignment(0, 3);
-    SetRTFData(t, "{\\rtf1 nuovo}");
-    EXPECT_EQ(t.Text(), q("nuovo"));
-    EXPECT_EQ(alignments(t), q("1"));
-    SetRTFData(t, "no rtf");
-    EXPECT_EQ(t.StyleRunCount(), 0);
-    EXPECT_EQ(t.ParagraphCount(), 0);
-}
-
 TEST(RtfReader, TextBeforeTheFirstFontIsAnUnhandledFailure)
 {
     EXPECT_THROW(read("{\\rtf1{\\fonttbl Arial;}}"), UnhandledFailure);
     EXPECT_THROW(read("{\\rtf1{\\fonttbl\n\n{\\f0 Arial;}}}"), UnhandledFailure);
     EXPECT_NO_THROW(read("{\\rtf1{\\fonttbl;{\\f0 Arial;}}}"));
     EXPECT_NO_THROW(read("{\\rtf1{\\fonttbl\r\n{\\f0 Arial;}}}"));
-}
-
-TEST(RtfReader, ReadCommand)
-{
-    struct Case {
-        QByteArray data;
-        qsizetype pos;
-        const char *name;
-        const char *parameter;
-        qsizetype end;
-        bool hex;
-    };
-    const Case cases[] = {
-        {"\\fs24 C", 1, "fs", "24", 5, false},
-        {"\\b1x", 1, "b", "1", 3, false},
-        {"\\par\\par", 1, "par", "", 3, false},
-        {"\\b;", 1, "b", "", 1, false},
-        {"\\b}", 1, "b", "", 1, false},
-        {"\\b{", 1, "b", "", 1, false},
-        {"\\b", 1, "b", "", 2, false},
-        {"\\b\r\nx", 1, "b", "", 3, false},
-        {"\\b\rx", 1, "b", "", 2, false},
-        {"\\u-3913?", 1, "u", "-3913", 7, false},
-        {"\\-5 ", 1, "", "-5", 3, false},
-        {"\\~x", 1, "", "", 1, false},
-        {"{\\*\\foo x", 2, "*\\foo", "", 7, false},
-        {"\\*\\foo x", 1, "", "", 1, false},
-        {"\\'e9x", 1, "u", "233", 3, true},
-        {"\\'E9x", 1, "u", "233", 3, true},
-        {"\\'e", 1, "u", "14", 3, true},
-        {"\\b'e9", 1, "b", "", 2, false},
-        {"\\\r\nx", 1, "par", "", 2, false},
-        {"\\\nx", 1, "par", "", 1, false},
-        {"\\ABC12 ", 1, "ABC", "12", 6, false},
-    };
-    for (const auto &c : cases) {
-        RtfCommand command;
-        const qsizetype end = ReadCommand(c.data, c.pos, command);
-        const std::string label = c.data.toStdString();
-        EXPECT_EQ(command.name, QByteArray(c.name)) << label;
-        EXPECT_EQ(command.parameter, QByteArray(c.parameter)) << label;
-        EXPECT_EQ(end, c.end) << label;
-        EXPECT_EQ(command.hexByte, c.hex) << label;
-    }
-}
-
-TEST(RtfReader, Numbers)
-{
-    struct Case {
-        const char *parameter;
-        qint64 value;
-    };
-    const Case cases[] = {
-        {"", 0}, {"-", 0}, {"0", 0}, {"24", 24}, {"-3913", -3913}, {"007", 7},
-        {"99999999999999999999999999", 2'000'000'000}, {"-99999999999999999999999999", -2'000'000'000},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(rtfNumber(c.parameter), c.value) << c.parameter;
-}
-
-TEST(RtfReader, TablesReturnWhereTheyEnded)
-{
-    // Behind the closing brace a blank (or any byte) is swallowed, a brace or
-    // backslash is not.
-    struct Case {
-        QByteArray data;
-        qsizetype end;
-    };
-    const Case fonts[] = {
-        {"\\fonttbl{\\f0 A;}} x", 17},
-        {"\\fonttbl{\\f0 A;}}{", 16},
-        {"\\fonttbl{\\f0 A;}}", 17},
-    };
-    for (const auto &c : fonts) {
-        qsizetype pos = 7;
-        ASSERT_TRUE(ReadFontTable(c.data, pos).has_value()) << c.data.toStdString();
-        EXPECT_EQ(pos, c.end) << c.data.toStdString();
-    }
-    qsizetype pos = 8;
-    const auto colours = ReadColorTable("\\colortbl;\\red1;}\\b", pos);
-    ASSERT_TRUE(colours.has_value());
-    EXPECT_EQ(*colours, (RtfColorTable{0, 0x010000}));
-    EXPECT_EQ(pos, 16);
 }

@@ -171,56 +171,41 @@ private:
     void act(const RtfCommand &c)
     {
         const QByteArray &w = c.name;
-        RtfState *top = m_stack.empty() ? nullptr : &m_stack.back();
+        // With no group open a word has no state to change; a scratch one takes
+        // the change, and no run is open to commit.
+        RtfState scratch;
+        RtfState &top = m_stack.empty() ? scratch : m_stack.back();
         const bool on = c.parameter != "0";
         const qint64 number = rtfNumber(c.parameter);
 
-        if (is(w, "rtf") || is(w, "upr")) {
-        } else if (isRunSwitch(w)) {
+        if (is(w, "rtf") || is(w, "upr") || isRunSwitch(w)) {
         } else if (is(w, "ansicpg")) {
-            if (top)
-                top->numbered = encodingForCodePage(number);
+            top.numbered = encodingForCodePage(number);
         } else if (is(w, "ansi")) {
-            if (top)
-                top->plain = RtfEncoding::Windows1252;
+            top.plain = RtfEncoding::Windows1252;
         } else if (is(w, "mac")) {
-            if (top)
-                top->plain = RtfEncoding::MacRoman;
-        } else if (is(w, "b")) {
-            if (top)
-                top->bold = on;
-            commit();
-        } else if (is(w, "i")) {
-            if (top)
-                top->italic = on;
-            commit();
-        } else if (is(w, "ul")) {
-            if (top)
-                top->underline = on;
-            commit();
-        } else if (is(w, "ulnone")) {
-            if (top)
-                top->underline = false;
+            top.plain = RtfEncoding::MacRoman;
+        } else if (is(w, "b") || is(w, "i") || is(w, "ul") || is(w, "ulnone")) {
+            bool RtfState::*member = is(w, "b") ? &RtfState::bold : is(w, "i") ? &RtfState::italic : &RtfState::underline;
+            top.*member = on && !is(w, "ulnone");
             commit();
         } else if (is(w, "u")) {
-            if (top)
-                queueNumbered(top->numbered, number, c.hexByte);
+            if (!m_stack.empty())
+                queueNumbered(top.numbered, number, c.hexByte);
         } else if (is(w, "fonttbl")) {
             m_fonts = ReadFontTable(m_data, m_position);
         } else if (is(w, "colortbl")) {
             m_colours = ReadColorTable(m_data, m_position);
         } else if (is(w, "cf")) {
             if (m_colours) {
-                if (top)
-                    top->colour = number >= 0 && number < qint64(m_colours->size()) ? (*m_colours)[size_t(number)] : 0;
+                top.colour = number >= 0 && number < qint64(m_colours->size()) ? (*m_colours)[size_t(number)] : 0;
                 commit();
             }
         } else if (is(w, "f")) {
             if (m_fonts) {
                 const auto entry = m_fonts->find(number);
                 if (entry != m_fonts->end() && !entry->second.isEmpty()) {
-                    if (top)
-                        top->font = entry->second;
+                    top.font = entry->second;
                     commit();
                 }
             }
@@ -233,8 +218,7 @@ private:
         } else if (is(w, "ql") || is(w, "qj") || is(w, "pard")) {
             m_alignment = 1;
         } else if (is(w, "fs")) {
-            if (top)
-                top->size = float(number) / 2;
+            top.size = float(number) / 2;
             commit();
         } else if (m_groupJustOpened) {
             m_skipDepth = 1; // a group that begins with a word we don't know

@@ -76,7 +76,7 @@ public:
             if (!pass())
                 return; // a '}' with no open group: no final commit
         }
-        CommitRun(m_text, m_run, m_alignment);
+        commit();
     }
 
 private:
@@ -123,7 +123,7 @@ private:
             m_stack.pop_back();
             if (m_skipDepth > 0)
                 m_skipDepth--;
-            CommitRun(m_text, m_run, m_alignment);
+            commit();
         } else if (fromQueue) {
             text(queued);
         } else {
@@ -155,7 +155,7 @@ private:
             return; // leading empty lines never appear
         m_run->text += character;
         if (lineEnd)
-            CommitRun(m_text, m_run, m_alignment);
+            commit();
         m_textSeen = true;
     }
 

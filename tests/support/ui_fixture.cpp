@@ -74,12 +74,16 @@ void UiTest::SetUp()
 void UiTest::TearDown()
 {
     m_watchdog.stop();
+    // Some top-level widgets (popups, tool tips) belong to another and die with it.
     QList<QPointer<QWidget>> windows;
     for (QWidget *w : QApplication::topLevelWidgets())
-        if (!w->parentWidget())
-            windows << w;
-    for (const QPointer<QWidget> &w : windows)
+        windows << w;
+    for (const auto &w : windows) {
+        if (!w)
+            continue;
+        w->hide();
         delete w.data();
+    }
     settle();
     setDialogs(nullptr);
     setApplicationFolder(QString());

@@ -1,11 +1,137 @@
 #include "editor/ui/finestra.h"
 
+#include "core/globali.h"
+#include "core/text_functions.h"
 #include "core/ui/app.h"
+#include "document/ui/fin_elaborazione.h"
+#include "editor/bill.h"
+#include "editor/categories.h"
+#include "editor/listing.h"
+#include "editor/value_filter.h"
+#include "editor/ui/edit_field.h"
+#include "editor/ui/listbox.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLayout>
+#include <QPushButton>
+#include <QSignalBlocker>
 
 namespace lumetra {
+
+namespace {
+
+// The window was drawn at 72 dots per inch, where a point is a pixel: sizes
+// are given in pixels so that the text fits the controls on every screen.
+QFont arial(int size, bool bold = false)
+{
+    QFont f(QStringLiteral("Arial"));
+    f.setPixelSize(size);
+    f.setBold(bold);
+    return f;
+}
+
+// Help tags are written with character 13 for a line break.
+QString tag(const char *text)
+{
+    QString t = QString::fromUtf8(text);
+    t.replace(QChar(13), QLatin1Char('\n'));
+    return t;
+}
+
+void colori(QWidget *w, QPalette::ColorRole role, const QColor &color)
+{
+    QPalette p = w->palette();
+    p.setColor(QPalette::Active, role, color);
+    p.setColor(QPalette::Inactive, role, color);
+    w->setPalette(p);
+}
+
+QLabel *statico(QWidget *parent, const char *name, QRect geometry, const char *text, QRgb color, bool bold = false,
+                int size = 14)
+{
+    auto *l = new QLabel(parent);
+    l->setObjectName(QString::fromLatin1(name));
+    l->setGeometry(geometry);
+    QString t = QString::fromUtf8(text);
+    t.replace(QChar(13), QLatin1Char('\n'));
+    l->setText(t);
+    l->setFont(arial(size, bold));
+    l->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    colori(l, QPalette::WindowText, QColor(color));
+    return l;
+}
+
+EditText *campoTesto(QWidget *parent, const char *name, QRect geometry, int limit, QRgb text, QRgb base)
+{
+    auto *e = new EditText(parent);
+    e->setObjectName(QString::fromLatin1(name));
+    e->setGeometry(geometry);
+    e->setLimitText(limit);
+    e->setFont(arial(12, true));
+    e->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    e->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    e->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    colori(e, QPalette::Text, QColor(text));
+    colori(e, QPalette::Base, QColor(base));
+    return e;
+}
+
+EditLine *campoRiga(QWidget *parent, const char *name, QRect geometry, int limit)
+{
+    auto *e = new EditLine(parent);
+    e->setObjectName(QString::fromLatin1(name));
+    e->setGeometry(geometry);
+    e->setLimitText(limit);
+    e->setFont(arial(14));
+    return e;
+}
+
+QComboBox *menu(QWidget *parent, const char *name, QRect geometry)
+{
+    auto *m = new QComboBox(parent);
+    m->setObjectName(QString::fromLatin1(name));
+    m->setGeometry(geometry);
+    m->setFont(arial(14));
+    m->setMaxVisibleItems(20);
+    return m;
+}
+
+QCheckBox *casella(QWidget *parent, const char *name, QRect geometry)
+{
+    auto *c = new QCheckBox(parent);
+    c->setObjectName(QString::fromLatin1(name));
+    c->setGeometry(geometry);
+    c->setChecked(true);
+    return c;
+}
+
+QPushButton *pulsante(QWidget *parent, const char *name, QRect geometry, const char *text)
+{
+    auto *b = new QPushButton(QString::fromUtf8(text), parent);
+    b->setObjectName(QString::fromLatin1(name));
+    b->setGeometry(geometry);
+    b->setFont(arial(14, true));
+    b->setAutoDefault(false);
+    return b;
+}
+
+Listbox *lista(QWidget *parent, const char *name, QRect geometry, const QStringList &headings,
+               const QList<int> &widths)
+{
+    auto *l = new Listbox(parent);
+    l->setObjectName(QString::fromLatin1(name));
+    l->setGeometry(geometry);
+    l->setFont(arial(12));
+    l->horizontalHeader()->setFont(arial(12, true));
+    l->setColonne(headings, widths);
+    return l;
+}
+
+} // namespace
 
 finestra::finestra()
 {
@@ -21,6 +147,156 @@ finestra::finestra()
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint
                    | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+    creaControlli();
+    collegaHandler();
+    ordinaTabulazione();
+}
+
+void finestra::creaControlli()
+{
+    QWidget *a = m_area;
+
+    Rectangle1 = new QWidget(a);
+    Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
+    Rectangle1->setGeometry(0, 398, 1005, 292);
+    Rectangle1->setAutoFillBackground(true);
+    colori(Rectangle1, QPalette::Window, QColor(0x55, 0x6b, 0x98));
+
+    const QRgb giallo = qRgb(0xff, 0xff, 0x66);
+    const QRgb grigio = qRgb(0xe6, 0xe6, 0xe6);
+    const QRgb bianco = qRgb(0xff, 0xff, 0xff);
+
+    StaticText10 = statico(a, "StaticText10", {10, 8, 78, 20}, "Assistito:", giallo, true);
+    StaticText11 = statico(a, "StaticText11", {10, 28, 78, 20}, "0 / 200", grigio);
+    StaticText13 = statico(a, "StaticText13", {10, 50, 78, 24}, "caratteri\rmax.", grigio, true, 10);
+    EditField2 = campoTesto(a, "EditField2", {90, 8, 250, 88}, 200, qRgb(0x80, 0, 0), qRgb(0xff, 0xff, 0xe6));
+    EditField2->setToolTip(tag("Inserire i dati dell'assistito,\rsi consiglia di usare gli \"a capo\".\rEsempio:\r"
+                               "Spett.le\rComune di Siracusa\rPiazza Duomo, 1\rP.IVA.: 0000000000\r"
+                               "C.Fiscale: 0000000000"));
+    StaticText1 = statico(a, "StaticText1", {355, 9, 140, 20}, "Intestazione causa:", giallo, true);
+    StaticText2 = statico(a, "StaticText2", {355, 29, 140, 20}, "0 / 280", grigio);
+    StaticText12 = statico(a, "StaticText12", {355, 51, 140, 24}, "caratteri\rmax.", grigio, true, 10);
+    EditField1 = campoTesto(a, "EditField1", {500, 8, 493, 88}, 280, qRgb(0, 0, 0x80), qRgb(0xff, 0xff, 0xe6));
+    EditField1->setToolTip(tag("Inserire l'intestazione della causa, o della fattura.\rEsempio:\r"
+                               "Causa Comune di Milano contro Tizio e Caio.\rOggetto: Causa etc. etc."));
+
+    StaticText5 = statico(a, "StaticText5", {10, 106, 140, 20}, "Valore controversia €:", giallo);
+    PopImport = menu(a, "PopImport", {160, 104, 180, 22});
+    PopImport->addItems(voci_importo());
+    PopImport->setCurrentIndex(0);
+    PopImport->setToolTip(tag("Scegliere \"Prestabilito\" per inserire un valore conosciuto in Euro.\r"
+                              "Scegliere \"Indeterminabile\" se il valore non è conosciuto.\r"
+                              "Scegliere \"Importante\" se il valore non è conosciuto, ma la causa è di particolare "
+                              "importanza."));
+    StaticText6 = statico(a, "StaticText6", {355, 106, 140, 20}, "Importo in €:", giallo);
+    EditQuantum = campoRiga(a, "EditQuantum", {500, 104, 180, 22}, 30);
+    colori(EditQuantum, QPalette::Text, QColor(0, 0, 0));
+    colori(EditQuantum, QPalette::Base, QColor(0xff, 0xff, 0xff));
+    EditQuantum->setToolTip(tag("Inserire il valore in Euro della controversia,\r"
+                                "o scegliere, invece di \"Prestabilito\",\r"
+                                "il valore \"Indeterminabile\" o \"Importante\"."));
+
+    Listbox2 = lista(a, "Listbox2", {11, 134, 984, 226},
+                     {QStringLiteral("Rif."), QStringLiteral("Voce"), QStringLiteral("Coefficiente"),
+                      QStringLiteral("Quantità"), QStringLiteral("Importo"), QStringLiteral("Totale")},
+                     {28, 580, 90, 90, 90, 90});
+    Listbox2->setToolTip(tag("In questa finestra sono elencate le voci della parcella.\r"
+                             "Per aggiungere una voce, effettuare una ricerca nella parte inferiore di questa "
+                             "finestra.\r"
+                             "E' possibile cambiare il nome di una voce aggiunta facendo doppio click sul nome.\r"
+                             "E' possibile cambiare la quantità (moltiplicatore) di una voce.\r"
+                             "Per eliminare una voce, deselezionare il check-box accanto all'importo."));
+
+    StaticText14 = statico(a, "StaticText14", {11, 369, 110, 20}, "Applica IVA 21%", giallo);
+    checkiva = casella(a, "checkiva", {128, 369, 20, 20});
+    checkiva->setToolTip(tag("Selezionare questa opzione per applicare l'I.V.A.;\r"
+                             "Deselezionare se l'imposta non è applicabile,\rai sensi dell'art.1, c.100 L.244/2007."));
+    PushCrea[1] = pulsante(a, "PushCrea1", {160, 367, 180, 22}, "Crea Fattura");
+    PushCrea[1]->setToolTip(tag("Crea la fattura da copiare, stampare, registrare o esportare su Microsoft Word.\r"
+                                "La fattura contiene il riepilogo delle voci."));
+    StaticText15 = statico(a, "StaticText15", {355, 369, 100, 20}, "Ritenuta 20%", giallo);
+    checkrite = casella(a, "checkrite", {469, 369, 20, 20});
+    checkrite->setToolTip(tag("Selezionare questa opzione per applicare la ritenuta d'acconto (deselezionare per "
+                              "fatturare a privati)."));
+    PushCrea[0] = pulsante(a, "PushCrea0", {500, 368, 493, 22}, "Crea Nota Spese - Competenze");
+    PushCrea[0]->setToolTip(tag("Crea la nota spese da copiare, stampare, registrare o esportare su Microsoft "
+                                "Word.\rLa nota spese-competenze contiene i conteggi di tutte le voci."));
+
+    StaticText3 = statico(a, "StaticText3", {11, 407, 140, 20}, "Tipo di compenso:", bianco);
+    PopCatA = menu(a, "PopCatA", {161, 405, 180, 22});
+    PopCatA->addItems(voci_categoria());
+    // The divider is drawn as a line and can't be picked.
+    PopCatA->setItemData(1, QStringLiteral("separator"), Qt::AccessibleDescriptionRole);
+    PopCatA->setItemData(1, 0, Qt::UserRole - 1); // the item flags of the menu's model
+    PopCatA->setCurrentIndex(0);
+    PopCatA->setToolTip(tag("Scegliere la categoria principale del tipo di compenso, secondo il tariffario.\r"
+                            "Per creare una fattura di acconto, o per immettere in elenco una voce di acconto già "
+                            "percepito,\rscegliere la voci \"Acconti\"."));
+    StaticTextPop = statico(a, "StaticTextPop", {356, 407, 140, 20}, "Sotto-Categoria:", bianco);
+    PopCatB = menu(a, "PopCatB", {501, 405, 494, 22});
+    PopCatB->setEnabled(false);
+    PopCatB->setToolTip(tag("Scegliere la sotto-categoria in base alla categoria principale prescelta.\r"
+                            "Se la categoria non è prevista, scegliere \"Altro\"."));
+    StaticText4 = statico(a, "StaticText4", {11, 434, 140, 20}, "RICERCA VOCE", bianco, true);
+    EditCerca = campoRiga(a, "EditCerca", {161, 432, 180, 22}, 80);
+    EditCerca->setEnabled(false);
+    EditCerca->setToolTip(tag("Immettere un testo in questo campo, dopo aver scelto tipo di compenso (menu qui "
+                              "sopra)\re sotto-categoria, per eseguire la ricerca di una voce che contenga il testo "
+                              "digitato."));
+
+    Listbox1 = lista(a, "Listbox1", {11, 461, 984, 170},
+                     {QStringLiteral("Rif."), QStringLiteral("Voce"), QStringLiteral("Fino a €"),
+                      QStringLiteral("Min"), QStringLiteral("Max"), QStringLiteral("Med"), QStringLiteral("Pers.")},
+                     {28, 580, 72, 72, 72, 72, 72});
+    Listbox1->setToolTip(tag("In questa finestra sono elencate le voci per la categoria prescelta.\r"
+                             "Per aggiungere una voce alla propria parcella, selezionare il check-box della voce "
+                             "relativa,\rscegliendo, se disponibile, il valore minimo, o massimo, o medio.\r"
+                             "se si vuole scegliere un valore personalizzato, selezionare il check-box\r"
+                             "dell'ultima casella e poi digitare l'importo."));
+
+    StaticText8 = statico(a, "StaticText8", {11, 638, 140, 20}, "Testo voce e nota:", bianco);
+    EditNota = campoTesto(a, "EditNota", {159, 638, 834, 48}, 2000, qRgb(0x80, 0, 0), qRgb(0xff, 0xff, 0xff));
+    EditNota->setFont(arial(12));
+    EditNota->setReadOnly(true);
+    EditNota->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    EditNota->setFocusPolicy(Qt::StrongFocus);
+    EditNota->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    EditNota->setToolTip(tag("Se è disponibile una nota per la voce selezionata, apparirà in questo riquadro.\r"
+                             "Se la voce in elenco (qui sopra) presenta un simbolo di asterisco (*),\r"
+                             "selezionando tale voce apparirà la nota relativa."));
+}
+
+void finestra::collegaHandler()
+{
+    connect(EditField1, &EditText::TextChange, this, &finestra::EditField1_TextChange);
+    connect(EditField2, &EditText::TextChange, this, &finestra::EditField2_TextChange);
+    connect(EditQuantum, &EditLine::TextChange, this, &finestra::EditQuantum_TextChange);
+    connect(EditCerca, &EditLine::TextChange, this, &finestra::EditCerca_TextChange);
+    EditField1->keyDown = [this](QKeyEvent *k) { return EditField1_KeyDown(k); };
+    EditField2->keyDown = [this](QKeyEvent *k) { return EditField2_KeyDown(k); };
+    EditQuantum->keyDown = [this](QKeyEvent *k) { return EditQuantum_KeyDown(k); };
+    EditCerca->keyDown = [this](QKeyEvent *k) { return EditCerca_KeyDown(k); };
+    EditNota->keyDown = [this](QKeyEvent *k) { return EditNota_KeyDown(k); };
+    connect(PopImport, &QComboBox::currentIndexChanged, this, &finestra::PopImport_Change);
+    connect(PopCatA, &QComboBox::currentIndexChanged, this, &finestra::PopCatA_Change);
+    connect(PopCatB, &QComboBox::currentIndexChanged, this, &finestra::PopCatB_Change);
+    connect(checkiva, &QCheckBox::toggled, this, &finestra::checkiva_Action);
+    connect(checkrite, &QCheckBox::toggled, this, &finestra::checkrite_Action);
+    for (int i = 0; i < 2; ++i)
+        connect(PushCrea[size_t(i)], &QPushButton::clicked, this, [this, i] { PushCrea_Action(i); });
+    connect(Listbox1, &Listbox::CellAction, this, &finestra::Listbox1_CellAction);
+    connect(Listbox1, &Listbox::CellClick, this, &finestra::Listbox1_CellClick);
+    connect(Listbox2, &Listbox::CellAction, this, &finestra::Listbox2_CellAction);
+    connect(Listbox2, &Listbox::CellClick, this, &finestra::Listbox2_CellClick);
+}
+
+void finestra::ordinaTabulazione()
+{
+    // By tab index; EditNota shares index 1 with EditField2 and comes after it.
+    const QWidget *ordine[] = {EditField2, EditNota,  EditField1,  PopImport, EditQuantum, Listbox2, checkiva,
+                               PushCrea[1], PushCrea[0], PopCatA, PopCatB, EditCerca, Listbox1, checkrite};
+    for (size_t i = 1; i < std::size(ordine); ++i)
+        setTabOrder(const_cast<QWidget *>(ordine[i - 1]), const_cast<QWidget *>(ordine[i]));
 }
 
 void finestra::Event_Open() { setWindowTitle(QStringLiteral("Lumetra")); }
@@ -33,14 +309,228 @@ void finestra::closeEvent(QCloseEvent *event)
     event->accept();
 }
 
+QString finestra::testoCerca() const { return EditCerca->Text(); }
+
 void finestra::mostra_ricerca(const QString &text)
 {
-    Q_UNUSED(text);
+    EditNota->setText(QString());
+    const FiltroRicerca filtro{PopCatA->currentText(), PopCatB->currentText(), text};
+    const auto righe = righe_ricerca(globali().dati, filtro, EditQuantum->Text(), PopImport->currentIndex());
+    Listbox1->Riempi(righe);
     mostra_notaspese();
 }
 
-void finestra::mostra_notaspese() {}
+void finestra::mostra_notaspese()
+{
+    auto &g = globali();
+    g.totale[0] = 0;
+    const VistaParcella vista = vista_parcella(g.dati, EditQuantum->Text(), PopImport->currentIndex());
+    g.totale[0] = vista.totale;
+    Listbox2->Riempi(vista.righe);
+}
 
-QString finestra::testoCerca() const { return {}; }
+// ---- Head of the bill
+
+void finestra::EditField1_TextChange()
+{
+    StaticText2->setText(contatore(EditField1->Text(), 280));
+    globali().modificato = true;
+}
+
+void finestra::EditField2_TextChange()
+{
+    StaticText11->setText(contatore(EditField2->Text(), 200));
+    globali().modificato = true;
+}
+
+namespace {
+template <class Field>
+bool selezionaTutto(Field *field, QKeyEvent *key)
+{
+    if (tastoSelezionaTutto(key))
+        field->selectAll();
+    return false;
+}
+} // namespace
+
+bool finestra::EditField1_KeyDown(QKeyEvent *key) { return selezionaTutto(EditField1, key); }
+bool finestra::EditField2_KeyDown(QKeyEvent *key) { return selezionaTutto(EditField2, key); }
+bool finestra::EditQuantum_KeyDown(QKeyEvent *key) { return selezionaTutto(EditQuantum, key); }
+bool finestra::EditCerca_KeyDown(QKeyEvent *key) { return selezionaTutto(EditCerca, key); }
+
+bool finestra::EditNota_KeyDown(QKeyEvent *key)
+{
+    selezionaTutto(EditNota, key);
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+        mostra_ricerca(EditCerca->Text());
+    return false;
+}
+
+void finestra::EditQuantum_TextChange()
+{
+    if (const auto filtrato = filtra_valore(EditQuantum->Text())) {
+        EditQuantum->setText(*filtrato);
+        EditQuantum->end(false);
+    }
+    globali().modificato = true;
+    mostra_ricerca(EditCerca->Text());
+}
+
+void finestra::PopImport_Change()
+{
+    if (PopImport->currentIndex() < 1) {
+        EditQuantum->setEnabled(true);
+        EditQuantum->setText(QString());
+    } else {
+        EditQuantum->setEnabled(false);
+        // The blank is for the filter to take away; without it the filter would
+        // cut the word's last letter.
+        EditQuantum->setText(PopImport->currentText() + QLatin1Char(' '));
+    }
+    globali().modificato = true;
+    mostra_ricerca(EditCerca->Text());
+}
+
+void finestra::checkiva_Action()
+{
+    globali().iva = checkiva->isChecked();
+    globali().modificato = true;
+}
+
+void finestra::checkrite_Action()
+{
+    globali().rite = checkrite->isChecked();
+    globali().modificato = true;
+}
+
+void finestra::PushCrea_Action(int index)
+{
+    globali().elab = index;
+    hide();
+    fin_elaborazione::instance().ShowModal();
+}
+
+// ---- Category navigation
+
+void finestra::PopCatA_Change()
+{
+    const int i = PopCatA->currentIndex();
+    if (i <= 1) {
+        EditCerca->setEnabled(false);
+        PopCatB->setEnabled(false);
+        StaticTextPop->setText(QStringLiteral("Sotto-Categoria:"));
+        PopCatA->setCurrentIndex(0);
+        return;
+    }
+    EditCerca->setEnabled(true);
+    EditCerca->setFocus();
+    PopCatB->setEnabled(true);
+    const Sottocategorie sotto = sottocategorie(i);
+    {
+        // Filling the menu selects nothing yet: the listing comes with the
+        // choice of the first entry below.
+        const QSignalBlocker quiet(PopCatB);
+        PopCatB->clear();
+        StaticTextPop->setText(sotto.etichetta);
+        PopCatB->addItems(sotto.voci);
+        PopCatB->setCurrentIndex(-1);
+    }
+    PopCatB->setCurrentIndex(0);
+}
+
+void finestra::PopCatB_Change() { mostra_ricerca(EditCerca->Text()); }
+
+void finestra::EditCerca_TextChange() { mostra_ricerca(EditCerca->Text()); }
+
+// ---- Picking
+
+void finestra::chiudiPers(int row)
+{
+    Listbox1->setCellType(row, RicPers, TipoSpunta);
+    Listbox1->setCellCheck(row, RicPers, true);
+}
+
+void finestra::Listbox1_CellAction(int row, int column)
+{
+    Listbox &l = *Listbox1;
+    if (column == RicPers && l.CellType(row, RicPers) == TipoModificabile) {
+        chiudiPers(row);
+    } else {
+        // The four boxes of a row are exclusive.
+        for (int c = RicMin; c <= RicPers; ++c)
+            if (c != column)
+                l.setCellCheck(row, c, false);
+        if (column == RicPers && l.CellCheck(row, RicPers)) {
+            l.setCellType(row, RicPers, TipoModificabile);
+            l.EditCell(row, RicPers);
+        }
+    }
+
+    auto &g = globali();
+    const int r = riga_tariffa(l.Cell(row, RicRif));
+    scegli_voce(g.dati, r, -1, QString());
+    int spuntata = -1;
+    for (int c = RicMin; c <= RicPers; ++c)
+        if (l.CellCheck(row, c))
+            spuntata = c;
+    if (spuntata == RicPers && acconto_da_richiedere(g.dati, r)) {
+        g.acconto_calcolato[1] = Str(row);
+        g.acconto_calcolato[2] = Str(column);
+        g.acconto_calcolato[3] = Str(r);
+        // The calculator writes the net sum into the cell: the typing in it
+        // ends here, without a further CellAction.
+        if (l.inModifica()) {
+            l.chiudiModifica();
+            chiudiPers(row);
+        }
+        calcolaAcconto();
+    }
+    if (spuntata >= 0)
+        scegli_voce(g.dati, r, spuntata, l.Cell(row, column));
+    g.modificato = true;
+    mostra_notaspese();
+}
+
+void finestra::calcolaAcconto() {}
+
+bool finestra::Listbox1_CellClick(int row, int column)
+{
+    Q_UNUSED(column);
+    const int r = riga_tariffa(Listbox1->Cell(row, RicRif));
+    EditNota->setText(testo_nota(globali().dati, r, Listbox1->Cell(row, RicVoce)));
+    return false;
+}
+
+// ---- The bill list
+
+bool finestra::Listbox2_CellClick(int row, int column)
+{
+    Q_UNUSED(column);
+    const int i = riga_tariffa(Listbox2->Cell(row, ParRif));
+    EditNota->setText(testo_nota(globali().dati, i, Listbox2->Cell(row, ParVoce)));
+    return false;
+}
+
+void finestra::Listbox2_CellAction(int row, int column)
+{
+    auto &g = globali();
+    const int i = riga_tariffa(Listbox2->Cell(row, ParRif));
+    switch (column) {
+    case ParVoce:
+        rinomina_voce(g.dati, i, Listbox2->Cell(row, ParVoce));
+        break;
+    case ParQuantita:
+        cambia_quantita(g.dati, i, Listbox2->Cell(row, ParQuantita));
+        break;
+    case ParTotale:
+        Listbox2->RemoveRow(row);
+        togli_voce(g.dati, i);
+        break;
+    default:
+        break;
+    }
+    g.modificato = true;
+    mostra_ricerca(EditCerca->Text());
+}
 
 } // namespace lumetra

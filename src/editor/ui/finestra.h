@@ -1,12 +1,24 @@
 #pragma once
 // The main window: the head of the bill, the bill list, and the search in the
-// tariff table.
+// tariff table. Its controls are public: the menus, the document commands and
+// the smaller windows read and set them as the user would.
 
 #include "core/ui/implicit.h"
 
 #include <QMainWindow>
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QKeyEvent;
+class QLabel;
+class QPushButton;
 
 namespace lumetra {
+
+class EditLine;
+class EditText;
+class Listbox;
 
 class finestra : public QMainWindow, public Implicit<finestra> {
     Q_OBJECT
@@ -18,15 +30,76 @@ public:
 
     // Rebuilds the tariff listing for the search text, then the bill list.
     void mostra_ricerca(const QString &text);
+    // Rebuilds the bill list and totale(0), repricing every item on the bill.
     void mostra_notaspese();
 
     // The text of EditCerca.
     QString testoCerca() const;
 
+    // The controls, in the order they lie on the window.
+    QWidget *Rectangle1;
+    QLabel *StaticText10;
+    QLabel *StaticText11;
+    QLabel *StaticText13;
+    EditText *EditField2;
+    QLabel *StaticText1;
+    QLabel *StaticText2;
+    QLabel *StaticText12;
+    EditText *EditField1;
+    QLabel *StaticText5;
+    QComboBox *PopImport;
+    QLabel *StaticText6;
+    EditLine *EditQuantum;
+    Listbox *Listbox2;
+    QLabel *StaticText14;
+    QCheckBox *checkiva;
+    QLabel *StaticText15;
+    QCheckBox *checkrite;
+    std::array<QPushButton *, 2> PushCrea;
+    QLabel *StaticText3;
+    QComboBox *PopCatA;
+    QLabel *StaticTextPop;
+    QComboBox *PopCatB;
+    QLabel *StaticText4;
+    EditLine *EditCerca;
+    Listbox *Listbox1;
+    QLabel *StaticText8;
+    EditText *EditNota;
+
+    // Handlers: control, underscore, event. The KeyDown handlers give false, so
+    // the key always goes on to the field.
+    void EditField1_TextChange();
+    void EditField2_TextChange();
+    bool EditField1_KeyDown(QKeyEvent *key);
+    bool EditField2_KeyDown(QKeyEvent *key);
+    bool EditQuantum_KeyDown(QKeyEvent *key);
+    void EditQuantum_TextChange();
+    void PopImport_Change();
+    void checkiva_Action();
+    void checkrite_Action();
+    void PushCrea_Action(int index);
+    void PopCatA_Change();
+    void PopCatB_Change();
+    void EditCerca_TextChange();
+    bool EditCerca_KeyDown(QKeyEvent *key);
+    bool EditNota_KeyDown(QKeyEvent *key);
+    void Listbox1_CellAction(int row, int column);
+    bool Listbox1_CellClick(int row, int column);
+    void Listbox2_CellAction(int row, int column);
+    bool Listbox2_CellClick(int row, int column);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void creaControlli();
+    void collegaHandler();
+    void ordinaTabulazione();
+    // The end of the typing of a personal amount: the cell is a ticked box again.
+    void chiudiPers(int row);
+    // The advance calculator, for the "Pers." box of an advance to be requested.
+    void calcolaAcconto();
+
     QWidget *m_area = nullptr;
 };
 

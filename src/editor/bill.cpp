@@ -1,0 +1,141 @@
+#include "editor/bill.h"
+
+#include "core/text_functions.h"
+
+namespace lumetra {
+
+namespace {
+
+Cella cella(const QString &t, int tipo, int allineamento)
+{
+    Cella c;
+    c.testo = t;
+    c.tipo = tipo;
+    c.allineamento = allineamento;
+    return c;
+}
+
+bool fuoriParcella(const QString &stato)
+{
+    // Nearly every row is "0": spare the number reading for them.
+    return (stato.size() == 1 && stato.at(0) == QLatin1Char('0')) || CDbl(stato) == 0;
+}
+
+} // namespace
+
+bool acconto_da_richiedere(const Tabella &dati, int r)
+{
+    return Eq(Left(dati.at(r, kColVoce), 21), QStringLiteral("Acconto da richiedere"));
+}
+
+bool acconto_percepito(const Tabella &dati, int r)
+{
+    return Eq(Left(dati.at(r, kColVoce), 34), QStringLiteral("Acconto già percepito, da detrarre"));
+}
+
+VistaParcella vista_parcella(Tabella &dati, const QString &valore, int modo)
+{
+    VistaParcella vista;
+    const double q = Val(valore);
+    const double valoreImporti = CDbl(valore);
+    for (int r = 1; r <= dati.contatore(); ++r) {
+        if (fuoriParcella(dati.at(r, kColStato)))
+            continue;
+        const double m = CDbl(dati.at(r, kColStato));
+        RigaParcella row;
+        row[ParRif] = cella(Str(r), TipoTesto, AllineaCentro);
+        const QString &nome = dati.at(r, kColNome);
+        row[ParVoce] = cella(nome.isEmpty() ? dati.at(r, kColVoce) : nome, TipoModificabile, AllineaPredefinito);
+
+        const int c = cerca_scaglione(dati, r, q, modo);
+        row[ParQuantita] = cella(dati.at(r, kColQuantita), TipoModificabile, AllineaCentro);
+        row[ParQuantita].grassetto = true;
+        row[ParQuantita].corsivo = true;
+
+        QString &unitario = dati.at(r, kColValore);
+        if (m < 0)
+            unitario = CStr(-m);
+        else if (m == 1)
+            unitario = dati.at(r, c + 1);
+        else if (m == 2)
+            unitario = dati.at(r, c + 2);
+        else if (m == 3)
+            unitario = CStr((CDbl(dati.at(r, c + 1)) + CDbl(dati.at(r, c + 2))) / 2);
+
+        // Above 1 an amount in euro; 1 or below a coefficient of the value.
+        const double u = CDbl(unitario);
+        double a = u;
+        row[ParCoefficiente] = cella(QStringLiteral("1"), TipoTesto, AllineaCentro);
+        if (u <= 1) {
+            a = u * valoreImporti;
+            row[ParCoefficiente].testo = unitario;
+        }
+        if (acconto_percepito(dati, r))
+            a = -a;
+        row[ParImporto] = cella(CStr(a), TipoTesto, AllineaDestra);
+
+        const double t = a * CDbl(dati.at(r, kColQuantita));
+        vista.totale += t;
+        row[ParTotale] = cella(CStr(t), TipoSpunta, AllineaDestra);
+        row[ParTotale].spunta = true;
+        vista.righe.push_back(std::move(row));
+    }
+    vista.righe.emplace_back();
+    RigaParcella somma;
+    somma[ParImporto] = cella(QStringLiteral("TOTALE:"), TipoTesto, AllineaDestra);
+    somma[ParTotale] = cella(CStr(vista.totale), TipoTesto, AllineaDestra);
+    somma[ParTotale].grassetto = true;
+    vista.righe.push_back(std::move(somma));
+    return vista;
+}
+
+void scegli_voce(Tabella &dati, int r, int casella, const QString &testoCella)
+{
+    QString &stato = dati.at(r, kColStato);
+    QString &unitario = dati.at(r, kColValore);
+    switch (casella) {
+    case RicMin:
+        stato = QStringLiteral("1");
+        break;
+    case RicMax:
+        stato = QStringLiteral("2");
+        break;
+    case RicMed:
+        stato = QStringLiteral("3");
+        break;
+    case RicPers:
+        stato = QLatin1Char('-') + testoCella;
+        break;
+    default:
+        stato = QStringLiteral("0");
+        unitario = QStringLiteral("0");
+        return;
+    }
+    unitario = testoCella;
+}
+
+void rinomina_voce(Tabella &dati, int i, const QString &nome)
+{
+    dati.at(i, kColNome) = Eq(nome, dati.at(i, kColVoce)) ? QString() : nome;
+}
+
+void cambia_quantita(Tabella &dati, int i, const QString &quantita) { dati.at(i, kColQuantita) = quantita; }
+
+void togli_voce(Tabella &dati, int i)
+{
+    dati.at(i, kColStato) = QStringLiteral("0");
+    dati.at(i, kColValore) = QStringLiteral("0");
+    dati.at(i, kColQuantita) = QStringLiteral("1");
+}
+
+QString testo_nota(const Tabella &dati, int i, const QString &voce)
+{
+    const QString &nota = dati.at(i, kColNota);
+    if (nota.isEmpty())
+        return voce;
+    return voce + QChar(13) + QStringLiteral("* ") + nota;
+}
+
+int riga_tariffa(const QString &rif) { return ToInteger(Val(rif)); }
+
+} // namespace lumetra

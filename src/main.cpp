@@ -1,5 +1,6 @@
 #include "core/ui/app.h"
 #include "core/ui/document_handover.h"
+#include "editor/ui/finestra.h"
 
 #include <QTimer>
 #include <exception>
@@ -15,6 +16,8 @@ int main(int argc, char **argv)
         DocumentHandover handover;
         QTimer::singleShot(0, &app, [&app, &handover, documents] {
             app.Event_Open();
+            if (!finestra::exists()) // no tariff: the program is ending
+                return;
             for (const QString &document : documents)
                 app.Event_OpenDocument(document);
             handover.listen();

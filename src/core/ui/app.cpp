@@ -1,5 +1,6 @@
 #include "core/ui/app.h"
 
+#include "core/bill_file.h"
 #include "core/failure.h"
 #include "core/globali.h"
 #include "core/file_types.h"
@@ -8,9 +9,14 @@
 #include "core/ui/menubar.h"
 #include "core/ui/fin_dati_utente.h"
 #include "core/user_data.h"
+#include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
+#include <QFileInfo>
+#include <QThread>
 #include <QFileOpenEvent>
 #include <QMessageBox>
 #include <QTextStream>
@@ -27,6 +33,20 @@ App::App(int &argc, char **argv) : QApplication(argc, argv)
 }
 
 App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); }
+
+namespace {
+
+// The category selection back to "SELEZIONA" and the lists rebuilt, as after
+// every command that changes the whole bill.
+void azzeraRicerca(finestra &w)
+{
+    w.EditCerca->setText(QString());
+    w.PopCatA->setCurrentIndex(0);
+    w.PopCatB->clear();
+    w.mostra_ricerca(w.EditCerca->Text());
+}
+
+} // namespace
 
 namespace {
 QString g_folderOverride;
@@ -105,7 +125,10 @@ void App::Event_Open()
 
 void App::Event_OpenDocument(const QString &item)
 {
-    Q_UNUSED(item);
+    AprifileqXR9(item);
+    globali().iva = true;
+    azzeraRicerca(finestra::instance());
+    globali().modificato = false;
 }
 
 MenuBar1 *App::menuBar()
@@ -156,17 +179,94 @@ void App::_ArchivioRegistracome_Action()
         Registrazione_parcella(path);
 }
 
-void App::_ArchivioNuovo_Action() {}
+void App::_ArchivioNuovo_Action()
+{
+    if (!guardia())
+        return;
+    auto &g = globali();
+    g.file_attuale.clear();
+    g.nome_attuale.clear();
+    Event_EnableMenuItems();
+    g.dati.azzera();
+    finestra &w = finestra::instance();
+    w.EditField1->setText(QString());
+    w.EditField2->setText(QString());
+    w.EditCerca->setText(QString());
+    w.EditQuantum->setText(QString());
+    w.PopCatA->setCurrentIndex(0);
+    w.PopCatB->clear();
+    w.PopImport->setCurrentIndex(0);
+    // The withholding tax keeps the setting of the last bill; VAT goes back on.
+    w.checkiva->setChecked(true);
+    w.mostra_ricerca(w.EditCerca->Text());
+    g.modificato = false;
+}
 
-void App::_ArchivioApri_Action() {}
+void App::_ArchivioApri_Action()
+{
+    if (!guardia())
+        return;
+    const QString path = dialogs().openFile(FileTypes::qRX9Lumetra().filter());
+    if (!path.isEmpty() && QFileInfo::exists(path))
+        AprifileqXR9(path);
+    azzeraRicerca(finestra::instance());
+    globali().modificato = false;
+}
 
 void App::_AiutoInfo_Action() {}
 
 void App::_AiutoMostraaiuto_Action() {}
 
-void App::Registrazione_parcella(const QString &path) { Q_UNUSED(path); }
+void App::Registrazione_parcella(const QString &path)
+{
+    auto &g = globali();
+    const finestra &w = finestra::instance();
+    TestaParcella testa;
+    testa.editField1 = w.EditField1->Text();
+    testa.editField2 = w.EditField2->Text();
+    testa.editQuantum = w.EditQuantum->Text();
+    testa.iva = g.iva;
+    testa.rite = g.rite;
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        throw UnhandledFailure(QStringLiteral("impossibile creare il file %1 (%2)").arg(path, file.errorString()));
+    if (file.write(scriviParcella(testa, g.dati)) < 0)
+        throw UnhandledFailure(QStringLiteral("impossibile scrivere il file %1 (%2)").arg(path, file.errorString()));
+    file.close();
+    g.file_attuale = path;
+    g.modificato = false;
+}
 
-void App::AprifileqXR9(const QString &path) { Q_UNUSED(path); }
+void App::AprifileqXR9(const QString &path)
+{
+    auto &g = globali();
+    // The name is taken before the file is looked at: a file that is no bill
+    // still becomes the one "Registra" writes to.
+    g.file_attuale = path;
+    g.nome_attuale = QFileInfo(path).fileName();
+    Event_EnableMenuItems();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw UnhandledFailure(QStringLiteral("impossibile aprire il file %1 (%2)").arg(path, file.errorString()));
+    const LetturaParcella lettura = leggiParcella(file.readAll(), g.dati_contatore());
+    file.close();
+    if (lettura.esito == EsitoLettura::NonParcella)
+        return;
+    if (lettura.esito == EsitoLettura::SenzaFine) {
+        // A section without its terminator: the reader waits for it for ever.
+        for (;;)
+            QThread::sleep(1);
+    }
+    finestra &w = finestra::instance();
+    w.EditField1->setText(lettura.testa.editField1);
+    w.EditField2->setText(lettura.testa.editField2);
+    w.EditQuantum->setText(lettura.testa.editQuantum);
+    g.iva = lettura.testa.iva;
+    g.rite = lettura.testa.rite;
+    w.checkiva->setChecked(g.iva);
+    w.checkrite->setChecked(g.rite);
+    applicaRighe(lettura.righe, g.dati);
+}
 
 void App::showUserDataForm() { fin_dati_utente::instance().ShowModal(); }
 

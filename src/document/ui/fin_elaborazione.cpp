@@ -1,31 +1,219 @@
 #include "document/ui/fin_elaborazione.h"
 
+#include "core/failure.h"
+#include "core/file_types.h"
 #include "core/globali.h"
+#include "core/ui/dialogs.h"
+#include "core/ui/widgets_style.h"
+#include "document/crea_stile.h"
+#include "document/ui/stampa.h"
 #include "editor/ui/finestra.h"
+#include "richtext/rtf_writer.h"
+#include "richtext/ui/styled_document.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPrinter>
+#include <QTextEdit>
 
 namespace lumetra {
+
+namespace {
+
+struct Comando {
+    int left;
+    int tabIndex;
+    const char *caption;
+    const char *helpTag;
+};
+
+// By index; "\r" in a help tag is a line break.
+const Comando kComandi[5] = {
+    {10, 1, "Chiudi", "Chiude questa finestra."},
+    {115, 2, "Copia",
+     "Copia il testo generato in memoria,\rper essere incollato su un editor di testo.\r"
+     "(n.b.: gli allineamenti del testo vengono perduti)."},
+    {325, 3, "Registra RTF..",
+     "Regista il testo generato come RTF,\rformato che mantiene font, dimensioni, stili e allineamenti,\r"
+     "compatibile con la stragrande maggioranza degli editor di testo esistenti."},
+    {430, 4, "Porta su Word",
+     "Su piattaforma Windows, se installato, porta direttamente\ril testo su Microsoft Word (2003 o successivo)."},
+    {220, 5, "Stampa..",
+     "Stampa una bozza del testo generato;\rper un risultato migliore, si consiglia di esportare\r"
+     "un file RTF e aprirlo con un editor di testo.\rSu piattaforma Windows, è possibile, se installato,\r"
+     "portare direttamente il testo su Microsoft Word (2003 o successivo)."},
+};
+
+QTextEdit *campoTesto(const QString &name, int left, QWidget *parent)
+{
+    auto *field = new QTextEdit(parent);
+    field->setObjectName(name);
+    place(field, left, 40, 520, 640);
+    field->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    field->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    field->setReadOnly(false);
+    field->setAcceptRichText(true);
+    // A narrow inset, so that the widest lines of the summary (92 columns at
+    // 9 points) fit the field unbroken.
+    field->document()->setDocumentMargin(2);
+    QFont font = field->font();
+    font.setPixelSize(12);
+    field->setFont(font);
+    QPalette pal = field->palette();
+    pal.setColor(QPalette::Base, Qt::white);
+    pal.setColor(QPalette::Text, Qt::black);
+    field->setPalette(pal);
+    return field;
+}
+
+} // namespace
+
+fin_elaborazione::BevelBE::BevelBE(int index, const QString &caption, QWidget *parent)
+    : QPushButton(caption, parent), Index(index)
+{
+    setObjectName(QStringLiteral("BevelBE%1").arg(index));
+    QFont f = font();
+    f.setPixelSize(12);
+    setFont(f);
+}
 
 fin_elaborazione::fin_elaborazione()
 {
     setObjectName(QStringLiteral("fin_elaborazione"));
+    setWindowTitle(QStringLiteral("Lumetra"));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+                   | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+    setFixedSize(540, 690);
+    setBackground(this, QColor(0xcc, 0xcc, 0xcc));
     setAttribute(Qt::WA_DeleteOnClose);
-    setModal(true);
-    resize(640, 480);
+
+    EditF = campoTesto(QStringLiteral("EditF"), 10, this);
+    for (int i = 0; i < 5; ++i) {
+        const Comando &c = kComandi[i];
+        bevel[size_t(i)] = new BevelBE(i, QString::fromUtf8(c.caption), this);
+        place(bevel[size_t(i)], c.left, 10, 100, 22);
+        bevel[size_t(i)]->setToolTip(QString::fromUtf8(c.helpTag).replace(QLatin1Char('\r'), QLatin1Char('\n')));
+        connect(bevel[size_t(i)], &QPushButton::clicked, this, [this, i] { BevelBE_Action(bevel[size_t(i)]); });
+    }
+    // Out of sight at the right of the window, as the Word copy only.
+    EditF2 = campoTesto(QStringLiteral("EditF2"), 550, this);
+    EditF2->hide();
+
+    // Tab order by tab index: EditF, then the buttons 0, 1, 2, 3, 4.
+    QWidget *previous = EditF;
+    for (int index = 0; index < 5; ++index) {
+        setTabOrder(previous, bevel[size_t(index)]);
+        previous = bevel[size_t(index)];
+    }
+    setTabOrder(previous, EditF2);
+
+    connect(this, &QDialog::finished, this, [this] { Event_Close(); });
 }
 
 void fin_elaborazione::Event_Open()
 {
-    setWindowTitle(globali().elab != 0 ? QStringLiteral("Fattura") : QStringLiteral("Nota spese - Competenze"));
+    const int elab = globali().elab;
+    setWindowTitle(elab != 0 ? QStringLiteral("Fattura") : QStringLiteral("Nota spese - Competenze"));
+#ifdef Q_OS_WIN
+    bevel[3]->setEnabled(true);
+#else
+    // Only Windows has the automation of Microsoft Word.
+    bevel[3]->setEnabled(false);
+#endif
+    const QString text = Crea_testo();
+    setStyledText(*EditF->document(), Crea_stile(text, sty_f, elab, 9, 12));
+    setStyledText(*EditF2->document(), Crea_stile(text, sty_f, elab, 12, 16));
+    EditF->moveCursor(QTextCursor::Start);
 }
 
 void fin_elaborazione::Event_Close() { finestra::instance().show(); }
 
 void fin_elaborazione::ShowModal() { exec(); }
 
-void fin_elaborazione::done(int result)
+void fin_elaborazione::keyPressEvent(QKeyEvent *event)
 {
-    Event_Close();
-    QDialog::done(result);
+    // Escape must not throw away a retouched document.
+    if (event->key() == Qt::Key_Escape) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void fin_elaborazione::BevelBE_Action(BevelBE *button)
+{
+    switch (button->Index) {
+    case 0:
+        close();
+        break;
+    case 1:
+        copia(EditF);
+        break;
+    case 2:
+        registraRtf();
+        break;
+    case 3:
+        esporta_su_word();
+        break;
+    case 4:
+        stampa();
+        break;
+    default:
+        break;
+    }
+}
+
+QString fin_elaborazione::Crea_testo()
+{
+    // Stand-in until the composer lands: a fixed letter of seven blocks.
+    const QString text = QStringLiteral("Mittente\r \rLuogo\rLì 01/01/11\r \rNOTA SPESE - COMPETENZE\r \r"
+                                        "Oggetto\r \r SPESE: \r TOTALE NETTO A PAGARE\r \rFirma \r");
+    sty_f = StyMap{};
+    const int rows[7][2] = {{0, 1}, {2, 4}, {5, 6}, {7, 8}, {9, 9}, {10, 11}, {12, 12}};
+    for (int r = 0; r < 7; ++r) {
+        sty_f[size_t(r)][0] = rows[r][0];
+        sty_f[size_t(r)][1] = rows[r][1];
+    }
+    sty_f[0][2] = int(text.indexOf(QStringLiteral(" SPESE"))) - 1;
+    sty_f[1][2] = int(text.indexOf(QStringLiteral("Firma"))) - 1;
+    sty_f[2][2] = int(text.size()) - 1;
+    return text;
+}
+
+// SelectAll, Copy, SelLength = 0: rich text and plain text, the alignments lost.
+void fin_elaborazione::copia(QTextEdit *field)
+{
+    field->selectAll();
+    auto *mime = new QMimeData;
+    mime->setHtml(htmlWithoutAlignment(*field->document()));
+    mime->setText(field->document()->toPlainText());
+    QApplication::clipboard()->setMimeData(mime);
+    QTextCursor cursor = field->textCursor();
+    cursor.setPosition(0);
+    field->setTextCursor(cursor);
+}
+
+// An export: the bill's name, file and modified state stay as they were.
+void fin_elaborazione::registraRtf()
+{
+    const QString path = dialogs().saveFile(FileTypes::TextRtf().filter(), nomePropostoRtf(globali().nome_attuale));
+    if (path.isEmpty())
+        return;
+    const QByteArray rtf = RTFData(styledText(*EditF->document()));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(rtf) != rtf.size())
+        throw UnhandledFailure(QStringLiteral("impossibile scrivere il file %1").arg(path));
+}
+
+void fin_elaborazione::stampa()
+{
+    QPrinter printer;
+    if (!dialogs().printerDialog(printer))
+        return;
+    stampaBozza(*EditF->document(), printer);
 }
 
 } // namespace lumetra

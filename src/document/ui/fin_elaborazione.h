@@ -1,24 +1,56 @@
 #pragma once
-// The output window, in its first form: it names the document asked for and
-// gives the main window back when it closes.
+// The output window: one composed document, retouchable in EditF, and the
+// five commands that deliver it (close, copy, print, save as RTF, Word).
 
 #include "core/ui/implicit.h"
+#include "document/sty_map.h"
 
 #include <QDialog>
+#include <QPushButton>
+#include <array>
+
+class QTextEdit;
 
 namespace lumetra {
 
 class fin_elaborazione : public QDialog, public Implicit<fin_elaborazione> {
     Q_OBJECT
 public:
+    // The control array of the five buttons; Index picks the command.
+    class BevelBE : public QPushButton {
+    public:
+        BevelBE(int index, const QString &caption, QWidget *parent);
+        const int Index;
+    };
+
     fin_elaborazione();
 
+    // Composes the document once and styles it twice: 9/12 points for the
+    // screen, printing and RTF, 12/16 for Microsoft Word.
     void Event_Open();
+    // Shows the main window again, after "Chiudi" and the close box alike.
     void Event_Close();
-    // Runs modally; the window is gone when this returns.
+    // Runs modally; the object is destroyed when the window closes.
     void ShowModal();
 
-    void done(int result) override;
+    void BevelBE_Action(BevelBE *button);
+
+    QTextEdit *EditF = nullptr;
+    // The composed text at 12/16 points, out of sight and never edited.
+    QTextEdit *EditF2 = nullptr;
+    std::array<BevelBE *, 5> bevel{};
+
+    StyMap sty_f{};
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QString Crea_testo();
+    void copia(QTextEdit *field);
+    void registraRtf();
+    void stampa();
+    void esporta_su_word();
 };
 
 } // namespace lumetra

@@ -1,0 +1,39 @@
+#include "document/ui/stampa.h"
+
+#include <QPainter>
+#include <QPrinter>
+#include <QTextDocument>
+#include <memory>
+
+namespace lumetra {
+
+namespace {
+constexpr double kWidth = 612;
+constexpr double kBlock = 720;
+} // namespace
+
+int stampaBozza(const QTextDocument &document, QPrinter &printer)
+{
+    // The document shows sizes one point to a pixel, so one layout unit is
+    // one point on paper. A line that would cross the end of a block goes to
+    // the next one, as the platform's styled-text printer does.
+    std::unique_ptr<QTextDocument> copy(document.clone());
+    copy->setDocumentMargin(0);
+    copy->setPageSize(QSizeF(kWidth, kBlock));
+    const int pages = copy->pageCount();
+
+    QPainter painter(&printer);
+    const double scale = printer.resolution() / 72.0;
+    painter.scale(scale, scale);
+    for (int page = 0; page < pages; ++page) {
+        painter.save();
+        painter.translate(0, -page * kBlock);
+        copy->drawContents(&painter, QRectF(0, page * kBlock, kWidth, kBlock));
+        painter.restore();
+        if (page + 1 < pages)
+            printer.newPage();
+    }
+    return pages;
+}
+
+} // namespace lumetra

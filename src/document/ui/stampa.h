@@ -1,0 +1,14 @@
+#pragma once
+// The draft print of a document: a fixed geometry that does not come from the
+// printer, width 612 and blocks of height 720 at the top left of each page,
+// one unit a point, with no margin, header or page number of our own.
+
+class QPrinter;
+class QTextDocument;
+
+namespace lumetra {
+
+// Returns the number of pages printed.
+int stampaBozza(const QTextDocument &document, QPrinter &printer);
+
+} // namespace lumetra

@@ -12,7 +12,7 @@ TEST(Manual, TitleCentredHeadingsBoldAndLargerTextClean)
 {
     StyledText t;
     SetRTFData(t, test::readBytes(QStringLiteral(LUMETRA_SOURCE_DIR "/Resources/istruzioni.rtf")));
-    const float body = 13;
+    const float body = 16;
     const StyleRun title = t.styleRun(0);
     EXPECT_EQ(title.text, QStringLiteral("Lumetra"));
     EXPECT_TRUE(title.style.bold && title.style.size > body);

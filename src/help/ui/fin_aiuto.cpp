@@ -3,80 +3,14 @@
 #include "editor/ui/finestra.h"
 #include "help/istruzioni.h"
 #include "richtext/rtf_reader.h"
+#include "richtext/ui/styled_document.h"
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
 
 namespace lumetra {
-
-namespace {
-
-Qt::Alignment qtAlignment(int alignment, Qt::Alignment above)
-{
-    switch (alignment) {
-    case 1:
-        return Qt::AlignLeft;
-    case 2:
-        return Qt::AlignHCenter;
-    case 3:
-        return Qt::AlignRight;
-    default:
-        return above; // the default alignment looks like the paragraph above
-    }
-}
-
-QTextCharFormat charFormat(const TextStyle &style)
-{
-    QTextCharFormat f;
-    if (style.font != QStringLiteral("System") && !style.font.isEmpty())
-        f.setFontFamilies({style.font});
-    if (style.size > 0)
-        f.setFontPointSize(style.size);
-    f.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
-    f.setFontItalic(style.italic);
-    f.setFontUnderline(style.underline);
-    f.setForeground(QColor(QRgb(style.textColor)));
-    return f;
-}
-
-// The styled text as the field's document: one block per paragraph, one
-// fragment per stretch of equal style.
-void showStyledText(QTextEdit *field, const StyledText &text)
-{
-    field->clear();
-    QTextCursor cursor(field->document());
-    const QString all = text.Text();
-    Qt::Alignment alignment = Qt::AlignLeft;
-    for (int p = 0; p < text.ParagraphCount(); ++p) {
-        const Paragraph paragraph = text.paragraph(p);
-        if (p > 0)
-            cursor.insertBlock();
-        QTextBlockFormat block;
-        alignment = qtAlignment(paragraph.alignment, alignment);
-        block.setAlignment(alignment);
-        cursor.setBlockFormat(block);
-        int start = paragraph.startPos;
-        const int end = paragraph.startPos + paragraph.length;
-        while (start < end) {
-            const TextStyle style = text.styleAt(start);
-            int stop = start + 1;
-            while (stop < end && text.styleAt(stop) == style)
-                ++stop;
-            cursor.insertText(all.mid(start, stop - start), charFormat(style));
-            start = stop;
-        }
-    }
-    // A text that ends with a line end shows an empty last line.
-    if (all.endsWith(QChar(13)))
-        cursor.insertBlock();
-    field->moveCursor(QTextCursor::Start);
-}
-
-} // namespace
 
 fin_aiuto::fin_aiuto()
 {
@@ -102,7 +36,10 @@ fin_aiuto::fin_aiuto()
     text.setColor(QPalette::Base, Qt::white);
     text.setColor(QPalette::Text, Qt::black);
     EditF->setPalette(text);
-    EditF->setFont(QFont(QStringLiteral("Times New Roman"), 18));
+    // One point to a pixel, as the styled text is shown.
+    QFont font(QStringLiteral("Times New Roman"));
+    font.setPixelSize(18);
+    EditF->setFont(font);
     EditF->document()->setDocumentMargin(10);
     EditF_Open(EditF);
 }
@@ -117,7 +54,8 @@ void fin_aiuto::EditF_Open(QTextEdit *field)
 {
     StyledText manual;
     SetRTFData(manual, istruzioni());
-    showStyledText(field, manual);
+    setStyledText(*field->document(), manual);
+    field->moveCursor(QTextCursor::Start);
 }
 
 void fin_aiuto::Event_Close()

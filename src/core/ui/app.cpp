@@ -10,6 +10,8 @@
 #include "core/ui/fin_dati_utente.h"
 #include "core/user_data.h"
 #include "editor/ui/edit_field.h"
+#include "help/ui/fin_aiuto.h"
+#include "help/ui/finestrainfo.h"
 #include "editor/ui/finestra.h"
 
 #include <QCheckBox>
@@ -213,9 +215,9 @@ void App::_ArchivioApri_Action()
     globali().modificato = false;
 }
 
-void App::_AiutoInfo_Action() {}
+void App::_AiutoInfo_Action() { finestrainfo::instance().show(); }
 
-void App::_AiutoMostraaiuto_Action() {}
+void App::_AiutoMostraaiuto_Action() { fin_aiuto::instance().ShowModal(); }
 
 void App::Registrazione_parcella(const QString &path)
 {

@@ -75,8 +75,9 @@ TEST(BillFile, OptionsCode)
         leggiCodiceOpzioni(QString::fromLatin1(c.code), iva, rite);
         EXPECT_EQ(iva, c.iva) << c.code;
         EXPECT_EQ(rite, c.rite) << c.code;
-        if (QByteArray(c.code) != "10" && QByteArray(c.code) != "" && QByteArray(c.code) != "60 ")
+        if (QByteArray(c.code) != "10" && QByteArray(c.code) != "" && QByteArray(c.code) != "60 ") {
             EXPECT_EQ(codiceOpzioni(c.iva, c.rite), QString::fromLatin1(c.code));
+        }
     }
 }
 
@@ -132,8 +133,9 @@ TEST(BillFile, GarbageNeverCrashes)
         if (round % 2 == 0) // with the sections terminated, the reader gets to the rows
             junk = "***PARCELLA***\r" + junk.left(size / 3) + "\r**********\r\r**********\r" + junk.mid(size / 3);
         const LetturaParcella r = leggiParcella(junk, 50);
-        if (r.esito == EsitoLettura::Letta)
+        if (r.esito == EsitoLettura::Letta) {
             EXPECT_EQ(r.righe.size(), 50u);
+        }
     }
 }
 

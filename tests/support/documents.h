@@ -1,10 +1,11 @@
 #pragma once
-// The two documents of the worked example bill, as the composer gives them
-// (tests/data/golden/nota_e_fattura): the text with its line ends of character
-// 13, and the style map.
+// The two documents of the worked example bill, as the composer gives them:
+// the text with its line ends of character 13, and the style map.
 
 #include "document/crea_stile.h"
 #include "support/test_files.h"
+
+#include <initializer_list>
 
 namespace lumetra::test {
 
@@ -14,23 +15,40 @@ struct Composed {
     int elab;
 };
 
-inline QString goldenPath(const QString &file) { return dataPath(QStringLiteral("golden/nota_e_fattura/") + file); }
-
-inline Composed composed(const QString &name, int elab)
+inline StyMap styMap(std::initializer_list<std::array<int, 2>> blocks, int c0, int c1, int c2)
 {
-    Composed doc{QString::fromUtf8(readBytes(goldenPath(name + QStringLiteral(".txt")))), {}, elab};
-    const QStringList rows = QString::fromUtf8(readBytes(goldenPath(name + QStringLiteral(".sty_f"))))
-                                 .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (qsizetype r = 0; r < rows.size() && r < qsizetype(doc.sty_f.size()); ++r) {
-        const QStringList columns = rows[r].split(QLatin1Char(' '));
-        for (qsizetype c = 0; c < columns.size() && c < 3; ++c)
-            doc.sty_f[size_t(r)][size_t(c)] = columns[c].toInt();
+    StyMap m{};
+    size_t r = 0;
+    for (const auto &b : blocks) {
+        m[r][0] = b[0];
+        m[r][1] = b[1];
+        ++r;
     }
-    return doc;
+    m[0][2] = c0;
+    m[1][2] = c1;
+    m[2][2] = c2;
+    return m;
 }
 
-inline Composed notaSpese() { return composed(QStringLiteral("nota_spese"), 0); }
-inline Composed fattura() { return composed(QStringLiteral("fattura"), 1); }
+// The golden documents of the worked example, tests/data/golden/nota_e_fattura/.
+inline QString goldenPath(const QString &file) { return dataPath(QStringLiteral("golden/nota_e_fattura/") + file); }
+
+inline QString documentText(const QString &name)
+{
+    return QString::fromUtf8(readBytes(goldenPath(name + QStringLiteral(".txt"))));
+}
+
+inline Composed notaSpese()
+{
+    return {documentText(QStringLiteral("nota_spese")),
+            styMap({{0, 6}, {7, 12}, {13, 14}, {15, 17}, {18, 27}, {28, 51}, {52, 53}}, 261, 1894, 1913), 0};
+}
+
+inline Composed fattura()
+{
+    return {documentText(QStringLiteral("fattura")),
+            styMap({{0, 4}, {5, 10}, {11, 14}, {15, 17}, {15, 17}, {18, 41}, {42, 43}}, 256, 1656, 1675), 1};
+}
 
 inline StyledText styledDocument(const Composed &doc, int size1, int size2)
 {

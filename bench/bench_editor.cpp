@@ -147,7 +147,8 @@ void run(const char *name, int repetitions, int billRows)
     fillBill(billRows);
     finestra &w = finestra::instance();
     w.show();
-    QTest::qWaitForWindowExposed(&w);
+    if (!QTest::qWaitForWindowExposed(&w))
+        std::printf("  (the window was not shown)\n");
     w.EditQuantum->setText(QStringLiteral("3000"));
     const auto [a, b] = largestSubCategory(w);
     w.PopCatA->setCurrentIndex(a);

@@ -1,5 +1,6 @@
 #include "editor/ui/finestra.h"
 
+#include "advance/ui/fin_acconto.h"
 #include "core/globali.h"
 #include "core/text_functions.h"
 #include "core/ui/app.h"
@@ -10,6 +11,7 @@
 #include "editor/value_filter.h"
 #include "editor/ui/edit_field.h"
 #include "editor/ui/listbox.h"
+#include "editor/ui/look.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -24,16 +26,6 @@ namespace lumetra {
 
 namespace {
 
-// The window was drawn at 72 dots per inch, where a point is a pixel: sizes
-// are given in pixels so that the text fits the controls on every screen.
-QFont arial(int size, bool bold = false)
-{
-    QFont f(QStringLiteral("Arial"));
-    f.setPixelSize(size);
-    f.setBold(bold);
-    return f;
-}
-
 // Help tags are written with character 13 for a line break.
 QString tag(const char *text)
 {
@@ -42,26 +34,16 @@ QString tag(const char *text)
     return t;
 }
 
-void colori(QWidget *w, QPalette::ColorRole role, const QColor &color)
-{
-    QPalette p = w->palette();
-    p.setColor(QPalette::Active, role, color);
-    p.setColor(QPalette::Inactive, role, color);
-    w->setPalette(p);
-}
-
 QLabel *statico(QWidget *parent, const char *name, QRect geometry, const char *text, QRgb color, bool bold = false,
                 int size = 14)
 {
     auto *l = new QLabel(parent);
     l->setObjectName(QString::fromLatin1(name));
     l->setGeometry(geometry);
-    QString t = QString::fromUtf8(text);
-    t.replace(QChar(13), QLatin1Char('\n'));
-    l->setText(t);
+    l->setText(tag(text));
     l->setFont(arial(size, bold));
     l->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    colori(l, QPalette::WindowText, QColor(color));
+    colore(l, QPalette::WindowText, QColor(color));
     return l;
 }
 
@@ -75,8 +57,8 @@ EditText *campoTesto(QWidget *parent, const char *name, QRect geometry, int limi
     e->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     e->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     e->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-    colori(e, QPalette::Text, QColor(text));
-    colori(e, QPalette::Base, QColor(base));
+    colore(e, QPalette::Text, QColor(text));
+    colore(e, QPalette::Base, QColor(base));
     return e;
 }
 
@@ -160,7 +142,7 @@ void finestra::creaControlli()
     Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
     Rectangle1->setGeometry(0, 398, 1005, 292);
     Rectangle1->setAutoFillBackground(true);
-    colori(Rectangle1, QPalette::Window, QColor(0x55, 0x6b, 0x98));
+    colore(Rectangle1, QPalette::Window, QColor(0x55, 0x6b, 0x98));
 
     const QRgb giallo = qRgb(0xff, 0xff, 0x66);
     const QRgb grigio = qRgb(0xe6, 0xe6, 0xe6);
@@ -190,8 +172,8 @@ void finestra::creaControlli()
                               "importanza."));
     StaticText6 = statico(a, "StaticText6", {355, 106, 140, 20}, "Importo in €:", giallo);
     EditQuantum = campoRiga(a, "EditQuantum", {500, 104, 180, 22}, 30);
-    colori(EditQuantum, QPalette::Text, QColor(0, 0, 0));
-    colori(EditQuantum, QPalette::Base, QColor(0xff, 0xff, 0xff));
+    colore(EditQuantum, QPalette::Text, QColor(0, 0, 0));
+    colore(EditQuantum, QPalette::Base, QColor(0xff, 0xff, 0xff));
     EditQuantum->setToolTip(tag("Inserire il valore in Euro della controversia,\r"
                                 "o scegliere, invece di \"Prestabilito\",\r"
                                 "il valore \"Indeterminabile\" o \"Importante\"."));
@@ -491,7 +473,7 @@ void finestra::Listbox1_CellAction(int row, int column)
     mostra_notaspese();
 }
 
-void finestra::calcolaAcconto() {}
+void finestra::calcolaAcconto() { fin_acconto::instance().ShowModal(); }
 
 bool finestra::Listbox1_CellClick(int row, int column)
 {

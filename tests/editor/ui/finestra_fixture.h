@@ -47,6 +47,9 @@ protected:
         w = &finestra::instance();
         w->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(w));
+        // As at start-up.
+        globali().iva = true;
+        globali().rite = true;
         globali().modificato = false;
     }
 

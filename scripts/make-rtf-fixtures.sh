@@ -1,0 +1,14 @@
+#!/bin/sh
+# Regenerates the RTF fixtures of tests/data/rtf from the documents in
+# tests/data/rtf/sources, with LibreOffice Writer (libreoffice-writer-nogui).
+# The produced files are committed, so the tests need no LibreOffice.
+set -e
+cd "$(dirname "$0")/../tests/data/rtf"
+profile=$(mktemp -d)
+trap 'rm -rf "$profile"' EXIT
+convert() {
+    soffice -env:UserInstallation=file://"$profile" --headless --infilter="$2" --convert-to rtf "sources/$1" --outdir .
+}
+convert lettera.fodt "OpenDocument Text Flat XML"
+convert promemoria.html "HTML (StarWriter)"
+convert testo.txt "Text (encoded):UTF8,LF,,,"

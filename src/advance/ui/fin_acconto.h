@@ -1,0 +1,55 @@
+#pragma once
+// "Computa Acconto": the net advance and the gross sum, each worked out from
+// the other as the user types. Closing the window, however it is closed, puts
+// the net sum on the bill: there is no cancel.
+
+#include "core/ui/implicit.h"
+
+#include <QDialog>
+#include <array>
+
+class QFrame;
+class QKeyEvent;
+class QLabel;
+class QPushButton;
+
+namespace lumetra {
+
+class EditLine;
+
+class fin_acconto : public QDialog, public Implicit<fin_acconto> {
+    Q_OBJECT
+public:
+    fin_acconto();
+
+    void Event_Open();
+    void Event_Close();
+    // Runs modally; the window is gone when this returns.
+    void ShowModal();
+
+    void EditQNL_TextChange(int index);
+    bool EditQNL_KeyDown(int index, QKeyEvent *key);
+    void PushButton1_Action();
+
+    // While true, a change of text in EditQNL computes nothing: true from the
+    // opening to the first key press, and during each computation.
+    bool automat = true;
+
+    QLabel *StaticText6;
+    QLabel *StaticText1;
+    std::array<EditLine *, 2> EditQNL;
+    QLabel *StaticText2;
+    QLabel *StaticTcpa;
+    QLabel *StaticTiva1;
+    QLabel *StaticTiva2;
+    QFrame *Line1;
+    QLabel *StaticText5;
+    QPushButton *PushButton1;
+
+    void done(int result) override;
+
+private:
+    bool m_chiusa = false;
+};
+
+} // namespace lumetra

@@ -5,8 +5,10 @@
 #include "core/globali.h"
 #include "core/ui/dialogs.h"
 #include "core/ui/widgets_style.h"
+#include "document/composer.h"
 #include "document/crea_stile.h"
 #include "document/ui/stampa.h"
+#include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "richtext/rtf_writer.h"
 #include "richtext/ui/styled_document.h"
@@ -166,21 +168,17 @@ void fin_elaborazione::BevelBE_Action(BevelBE *button)
     }
 }
 
+// Composes from the bill as the main window holds it; the totals go back to
+// the globals, where the main window finds them.
 QString fin_elaborazione::Crea_testo()
 {
-    // Stand-in until the composer lands: a fixed letter of seven blocks.
-    const QString text = QStringLiteral("Mittente\r \rLuogo\rLì 01/01/11\r \rNOTA SPESE - COMPETENZE\r \r"
-                                        "Oggetto\r \r SPESE: \r TOTALE NETTO A PAGARE\r \rFirma \r");
-    sty_f = StyMap{};
-    const int rows[7][2] = {{0, 1}, {2, 4}, {5, 6}, {7, 8}, {9, 9}, {10, 11}, {12, 12}};
-    for (int r = 0; r < 7; ++r) {
-        sty_f[size_t(r)][0] = rows[r][0];
-        sty_f[size_t(r)][1] = rows[r][1];
-    }
-    sty_f[0][2] = int(text.indexOf(QStringLiteral(" SPESE"))) - 1;
-    sty_f[1][2] = int(text.indexOf(QStringLiteral("Firma"))) - 1;
-    sty_f[2][2] = int(text.size()) - 1;
-    return text;
+    Globali &g = globali();
+    const finestra &f = finestra::instance();
+    const Documento doc = lumetra::Crea_testo({g.dati, f.EditQuantum->Text(), g.utenza, f.EditField1->Text(),
+                                               f.EditField2->Text(), g.iva, g.rite, g.elab, QDate::currentDate()});
+    g.totale = doc.totale;
+    sty_f = doc.sty_f;
+    return doc.testo;
 }
 
 // SelectAll, Copy, SelLength = 0: rich text and plain text, the alignments lost.

@@ -48,14 +48,20 @@ QChar windows1252Char(unsigned char byte)
     return QChar(char16_t(byte));
 }
 
-QString fromMacRoman(const QByteArray &bytes)
+namespace {
+
+QString decode(const QByteArray &bytes, QChar (*charOf)(unsigned char))
 {
     QString out;
     out.reserve(bytes.size());
     for (char b : bytes)
-        out += macRomanChar(static_cast<unsigned char>(b));
+        out += charOf(static_cast<unsigned char>(b));
     return out;
 }
+
+} // namespace
+
+QString fromMacRoman(const QByteArray &bytes) { return decode(bytes, macRomanChar); }
 
 QByteArray toMacRoman(const QString &text)
 {
@@ -72,14 +78,7 @@ QByteArray toMacRoman(const QString &text)
     return out;
 }
 
-QString fromWindows1252(const QByteArray &bytes)
-{
-    QString out;
-    out.reserve(bytes.size());
-    for (char b : bytes)
-        out += windows1252Char(static_cast<unsigned char>(b));
-    return out;
-}
+QString fromWindows1252(const QByteArray &bytes) { return decode(bytes, windows1252Char); }
 
 LineReader::LineReader(QString text) : m_text(std::move(text)) {}
 

@@ -117,7 +117,11 @@ QString Chr(int code)
 
 QString Str(std::int64_t number) { return QString::number(number); }
 
-double Val(const QString &text)
+// The leading number of a text: blanks, a sign, the whole part, the decimal
+// mark and its digits, an exponent; 0 when there is none. Group signs count
+// only in d{1,3}(Gddd)+; otherwise the whole part ends at the first one. A
+// null group sign reads none.
+static double readNumber(const QString &text, QChar decimal, QChar group)
 {
     int i = 0;
     while (i < text.size() && isBlank(text[i]))
@@ -126,11 +130,21 @@ double Val(const QString &text)
     if (i < text.size() && (text[i] == QLatin1Char('-') || text[i] == QLatin1Char('+')))
         s += char(text[i++].unicode());
     bool digits = false;
+    int lead = 0;
     while (i < text.size() && isDigit(text[i])) {
         s += char(text[i++].unicode());
+        ++lead;
         digits = true;
     }
-    if (i < text.size() && text[i] == QLatin1Char('.')) {
+    if (!group.isNull() && lead >= 1 && lead <= 3) {
+        while (i + 3 < text.size() && text[i] == group && isDigit(text[i + 1]) && isDigit(text[i + 2])
+               && isDigit(text[i + 3]) && (i + 4 >= text.size() || !isDigit(text[i + 4]))) {
+            for (int k = 1; k <= 3; ++k)
+                s += char(text[i + k].unicode());
+            i += 4;
+        }
+    }
+    if (i < text.size() && text[i] == decimal) {
         int j = i + 1;
         std::string frac = ".";
         while (j < text.size() && isDigit(text[j]))
@@ -155,56 +169,9 @@ double Val(const QString &text)
     return parseAscii(s);
 }
 
-double CDbl(const QString &text)
-{
-    const QChar dec = g_convention.decimal;
-    const QChar grp = g_convention.group;
-    int i = 0;
-    while (i < text.size() && isBlank(text[i]))
-        ++i;
-    std::string s;
-    if (i < text.size() && (text[i] == QLatin1Char('-') || text[i] == QLatin1Char('+')))
-        s += char(text[i++].unicode());
-    bool digits = false;
-    int lead = 0;
-    while (i < text.size() && isDigit(text[i])) {
-        s += char(text[i++].unicode());
-        ++lead;
-        digits = true;
-    }
-    // Group signs count only in d{1,3}(Gddd)+; otherwise the whole part ends at the first one.
-    if (lead >= 1 && lead <= 3) {
-        while (i + 3 < text.size() && text[i] == grp && isDigit(text[i + 1]) && isDigit(text[i + 2])
-               && isDigit(text[i + 3]) && (i + 4 >= text.size() || !isDigit(text[i + 4]))) {
-            for (int k = 1; k <= 3; ++k)
-                s += char(text[i + k].unicode());
-            i += 4;
-        }
-    }
-    if (i < text.size() && text[i] == dec) {
-        int j = i + 1;
-        std::string frac = ".";
-        while (j < text.size() && isDigit(text[j]))
-            frac += char(text[j++].unicode());
-        if (frac.size() > 1 || digits) {
-            digits = digits || frac.size() > 1;
-            s += frac;
-            i = j;
-        }
-    }
-    if (!digits)
-        return 0;
-    readExponent(text, i, s);
-    if (s.front() == '+')
-        s.erase(0, 1);
-    if (s.back() == '.')
-        s.pop_back();
-    if (s.size() > 1 && s[0] == '-' && s[1] == '.')
-        s.insert(1, "0");
-    else if (s[0] == '.')
-        s.insert(0, "0");
-    return parseAscii(s);
-}
+double Val(const QString &text) { return readNumber(text, QLatin1Char('.'), QChar()); }
+
+double CDbl(const QString &text) { return readNumber(text, g_convention.decimal, g_convention.group); }
 
 QString CStr(double number)
 {

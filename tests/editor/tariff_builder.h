@@ -10,42 +10,29 @@
 #include <vector>
 
 // Texts in failure messages as text, not as arrays of characters.
-inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace lumetra::test {
 
-// One record per entry, each a list of the lines of columns 1, 2, 3...
-inline Tabella tabella(const std::vector<QStringList> &records)
+inline QString u(const char* s) { return QString::fromUtf8(s); }
+
+// One record per entry, each the lines of columns 1, 2, 3...
+inline Tabella tabella(const std::vector<QStringList>& records)
 {
     QStringList lines;
-    for (const auto &r : records) {
-        lines += r;
-        lines << QStringLiteral("**********");
-    }
+    for (const auto& r : records)
+        lines << r << u("**********");
     return caricaTabella(toMacRoman(lines.join(QLatin1Char('\n'))));
 }
 
-// A record of category a / b with the bands given after the note, and the
-// INDET. and IMPORT. triples behind them.
-inline QStringList voce(const QString &a, const QString &b, const QString &testo, const QString &nota,
-                        const QStringList &fasce)
-{
-    QStringList r{a, b, testo, nota};
-    r += fasce;
-    r << QStringLiteral("INDET.") << QStringLiteral("40") << QStringLiteral("80") << QStringLiteral("IMPORT.")
-      << QStringLiteral("90") << QStringLiteral("150");
-    return r;
-}
+inline Tabella tariffaPiccola() { return caricaTabella(readBytes(dataPath(u("tariffa_piccola.txt")))); }
 
-inline Tabella tariffaPiccola() { return caricaTabella(readBytes(dataPath(QStringLiteral("tariffa_piccola.txt")))); }
-
-inline QString u(const char *s) { return QString::fromUtf8(s); }
-
-// Restores the number convention when a test is done with another.
-struct ConventionGuard {
-    explicit ConventionGuard(NumberConvention c) : saved(numberConvention()) { setNumberConvention(c); }
-    ~ConventionGuard() { setNumberConvention(saved); }
-    NumberConvention saved;
-};
+// Rows of tariffa_piccola.txt.
+constexpr int kNotifica = 1; // Spese, all zero
+constexpr int kEsameStudio = 4; // Diritti: 1000 100-200, 10000 200-300, > 10000 0,02-0,03
+constexpr int kEsameDocumenti = 6; // Diritti: 1000 10-20, 5000 30-60, > 5000 0,01-0,02
+constexpr int kStudioTribunale = 9; // Onorari: 5200 200-400, 25900 400-800
+constexpr int kAccontoRichiesto = 15;
+constexpr int kAccontoPercepito = 16;
 
 } // namespace lumetra::test

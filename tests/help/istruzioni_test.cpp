@@ -1,4 +1,5 @@
 #include "help/istruzioni.h"
+#include "richtext/rtf_reader.h"
 
 #include "support/test_files.h"
 
@@ -7,51 +8,51 @@
 #include <gtest/gtest.h>
 
 using namespace lumetra;
+using namespace Qt::StringLiterals;
 
-namespace {
-
-class Istruzioni : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(dir.isValid());
-        QDir(dir.path()).mkpath(QStringLiteral("bin/Resources"));
-        setIstruzioniExecutableFolder(dir.filePath(QStringLiteral("bin")));
-        x_istruzioni() = {};
-    }
-    void TearDown() override
-    {
-        setIstruzioniExecutableFolder(QString());
-        x_istruzioni() = {};
-    }
-    void write(const QString &path, const QByteArray &bytes)
-    {
-        QDir(dir.path()).mkdir(QStringLiteral("Resources"));
-        test::writeBytes(dir.filePath(path), bytes);
-    }
-
-    QTemporaryDir dir;
-};
-
-} // namespace
-
-TEST_F(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
+TEST(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
 {
-    // Not from beside the executable, nor from a Resources folder inside its folder.
-    write(QStringLiteral("bin/Resources/istruzioni.rtf"), "{\\rtf1 qui}");
-    // The bytes as they are: the RTF declares its own encoding.
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath(u"bin/Resources"_s);
+    QDir(dir.path()).mkpath(u"Resources"_s);
+    setIstruzioniExecutableFolder(dir.filePath(u"bin"_s));
+    const QString path = dir.filePath(u"Resources/istruzioni.rtf"_s);
+
+    // A missing manual is not looked for again.
+    x_istruzioni() = {};
+    EXPECT_EQ(istruzioni(), QByteArray());
+    test::writeBytes(path, "{\\rtf1 tardi}");
+    EXPECT_EQ(istruzioni(), QByteArray());
+
+    // Not from a Resources folder inside the executable's; the bytes as they are.
+    test::writeBytes(dir.filePath(u"bin/Resources/istruzioni.rtf"_s), "{\\rtf1 qui}");
     const QByteArray manual("{\\rtf1 Citt\xe0\r\n}");
-    write(QStringLiteral("Resources/istruzioni.rtf"), manual);
+    test::writeBytes(path, manual);
+    x_istruzioni() = {};
     EXPECT_EQ(istruzioni(), manual);
-    EXPECT_TRUE(x_istruzioni().loaded);
-    write(QStringLiteral("Resources/istruzioni.rtf"), "{\\rtf1 nuovo}");
+    test::writeBytes(path, "{\\rtf1 nuovo}");
     EXPECT_EQ(istruzioni(), manual);
+
+    setIstruzioniExecutableFolder(QString());
+    x_istruzioni() = {};
 }
 
-TEST_F(Istruzioni, MissingManualIsNotLookedForAgain)
+TEST(Istruzioni, ShippedManualReadsCleanWithItsChapters)
 {
-    EXPECT_EQ(istruzioni(), QByteArray());
-    EXPECT_TRUE(x_istruzioni().loaded);
-    write(QStringLiteral("Resources/istruzioni.rtf"), "{\\rtf1 tardi}");
-    EXPECT_EQ(istruzioni(), QByteArray());
+    StyledText t;
+    SetRTFData(t, test::readBytes(QStringLiteral(LUMETRA_SOURCE_DIR "/Resources/istruzioni.rtf")));
+    EXPECT_EQ(t.styleRun(0).text, u"Lumetra"_s);
+    EXPECT_TRUE(t.styleRun(0).style.bold && t.styleRun(0).style.size > 16);
+    EXPECT_EQ(t.ParagraphAlignment(0), 2);
+    int chapter = 0; // numbered in order, each a bold and larger run of its own
+    for (int i = 1; i < t.StyleRunCount(); ++i) {
+        const StyleRun r = t.styleRun(i);
+        chapter += r.style.bold && r.style.size > 16 && r.text.startsWith(QString::number(chapter + 1) + u". "_s);
+    }
+    EXPECT_EQ(chapter, 14);
+    const QString text = t.Text();
+    for (const char *words : {"città", "«MANCA UTENTE!»", "Importo in €", "Manuale d’uso — versione 1.5.1"})
+        EXPECT_TRUE(text.contains(QString::fromUtf8(words))) << words;
+    for (QChar c : text)
+        EXPECT_TRUE(c == QChar(13) || (c >= QChar(32) && !QStringView(u"\\{}\uFFFD").contains(c))) << int(c.unicode());
 }

@@ -1,116 +1,94 @@
+#include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
+
+#include "support/rtf_describe.h"
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 using namespace lumetra;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QChar CR(13);
-QString q(const char *s) { return QString::fromUtf8(s); }
+const QString CR(QChar(13));
+const TextStyle arial{.font = u"Arial"_s};
 
-TextStyle style(const char *font, float size, bool bold = false, Colour colour = 0)
-{
-    TextStyle s;
-    s.font = q(font);
-    s.size = size;
-    s.bold = bold;
-    s.textColor = colour;
-    return s;
-}
-
-StyledText build(const std::vector<StyleRun> &runs, const std::vector<int> &alignments = {})
+StyledText doc(std::initializer_list<StyleRun> runs, std::initializer_list<int> alignments = {})
 {
     StyledText t;
-    for (const auto &r : runs)
+    for (const StyleRun &r : runs)
         t.AppendStyleRun(r);
-    for (size_t i = 0; i < alignments.size(); ++i)
-        t.ParagraphAlignment(int(i), alignments[i]);
+    int p = 0;
+    for (int a : alignments)
+        t.ParagraphAlignment(p++, a);
     return t;
 }
 
-const char kHeadArial[] = "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
-const char kHeadSystem[] = "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil System;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
+const QByteArray kHead = "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
+const QByteArray kBlack = "}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
 
 } // namespace
 
 TEST(RTFData, WholeDocuments)
 {
-    TextStyle italic = style("Arial", 12);
-    italic.italic = true;
-    TextStyle underlined = style("Arial", 12);
-    underlined.underline = true;
-
-    struct Case {
-        const char *name;
-        StyledText text;
-        QByteArray expected;
-    };
-    const Case cases[] = {
-        {"the example", build({{q("Città"), style("Arial", 12, true)}}, {2}),
-         QByteArray(kHeadArial) + "\\qc\\b\\f0\\fs24 Citt\\u224 }"},
-        {"empty text", StyledText(), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl}{\\colortbl}\\uc0 }"},
-        {"default style, line break at the end", StyledText(q("abc") + CR),
-         QByteArray(kHeadSystem) + "\\f0 abc\\par }"},
-        {"escapes", StyledText(q("a\\b{c}")), QByteArray(kHeadSystem) + "\\f0 a\\\\b\\{c\\}}"},
-        {"equal neighbours are one run", build({{q("ab"), style("Arial", 0)}, {q("cd"), style("Arial", 0)}}),
-         QByteArray(kHeadArial) + "\\f0 abcd}"},
-        {"empty font name writes no \\f", build({{q("x"), style("", 0)}}),
-         "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil ;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 x}"},
-        {"centre back to default", build({{q("a") + CR, style("Arial", 0)}, {q("b"), style("Arial", 0, true)}}, {2, 0}),
-         QByteArray(kHeadArial) + "\\qc\\f0 a\\par \\ql\\b b}"},
-        {"alignment only where a run starts",
-         build({{q("a") + CR + q("b") + CR, style("Arial", 0)}, {q("c"), style("Arial", 0, true)}}, {3, 2, 1}),
-         QByteArray(kHeadArial) + "\\qr\\f0 a\\par b\\par \\ql\\b c}"},
-        {"style carries over and is switched off",
-         build({{q("a"), style("Arial", 12, true)}, {q("b"), italic}, {q("c"), underlined}, {q("d"), style("Arial", 12)}}),
-         QByteArray(kHeadArial) + "\\b\\f0\\fs24 a\\b0\\i b\\i0\\ul c\\ul0 d}"},
-        {"half points rounded half away from zero",
-         build({{q("a"), style("Arial", 12)}, {q("b"), style("Arial", 10.5f)}, {q("c"), style("Arial", 10.25f)},
-                {q("d"), style("Arial", 9)}}),
-         QByteArray(kHeadArial) + "\\f0\\fs24 a\\fs21 b\\fs21 c\\fs18 d}"},
-        {"colours numbered by first use, black first written as \\cf",
-         build({{q("r"), style("Arial", 0, false, 0xff0000)}, {q("k"), style("Arial", 0)},
-                {q("g"), style("Arial", 0, false, 0x00ff80)}}),
+    const StyledText example = doc({{u"Città"_s, {.font = u"Arial"_s, .size = 12, .bold = true}}}, {2});
+    const std::pair<StyledText, QByteArray> cases[] = {
+        {example, kHead + "\\qc\\b\\f0\\fs24 Citt\\u224 }"},
+        {StyledText(), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl}{\\colortbl}\\uc0 }"},
+        // A run ending with a line break, in the default style, with the characters to escape.
+        {StyledText(u"a\\b{c}"_s + CR), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil System;}" + kBlack
+                                             + "\\f0 a\\\\b\\{c\\}\\par }"},
+        // Equal neighbours write no control words between them.
+        {doc({{u"ab"_s, arial}, {u"cd"_s, arial}}), kHead + "\\f0 abcd}"},
+        {doc({{u"x"_s, {.font = QString()}}}), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil ;}" + kBlack + "x}"},
+        // Only where a run starts is the alignment written: the \qr goes, the centre goes back to \ql.
+        {doc({{u"a"_s + CR + u"b"_s + CR, arial}, {u"c"_s, {.font = u"Arial"_s, .bold = true}}}, {2, 3, 0}),
+         kHead + "\\qc\\f0 a\\par b\\par \\ql\\b c}"},
+        // Style carries over and is switched off; half points rounded half away from zero.
+        {doc({{u"a"_s, {.font = u"Arial"_s, .size = 12, .bold = true}},
+              {u"b"_s, {.font = u"Arial"_s, .size = 10.5f, .italic = true}},
+              {u"c"_s, {.font = u"Arial"_s, .size = 10.25f, .underline = true}},
+              {u"d"_s, {.font = u"Arial"_s, .size = 9}}}),
+         kHead + "\\b\\f0\\fs24 a\\b0\\i\\fs21 b\\i0\\ul\\fs21 c\\ul0\\fs18 d}"},
+        // Colours numbered by first use, with no blank first entry.
+        {doc({{u"r"_s, {.font = u"Arial"_s, .textColor = 0xff0000}}, {u"k"_s, arial},
+              {u"g"_s, {.font = u"Arial"_s, .textColor = 0x00ff80}}}),
          "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}"
          "{\\colortbl\\red255\\green0\\blue0;\\red0\\green0\\blue0;\\red0\\green255\\blue128;}\\uc0 "
          "\\f0\\cf0 r\\cf1 k\\cf2 g}"},
-        {"font names looked up ignoring case, first spelling kept",
-         build({{q("a"), style("Courier New", 0)}, {q("b"), style("COURIER NEW", 0, true)}, {q("c"), style("Arial", 0)}}),
-         "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Courier New;}{\\f1\\fnil Arial;}}"
-         "{\\colortbl\\red0\\green0\\blue0;}\\uc0 \\f0 a\\b b\\b0\\f1 c}"},
-        {"non-ASCII font name as raw UTF-8", build({{q("x"), style("Città", 0)}}),
-         "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Citt\xc3\xa0;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 \\f0 x}"},
+        // Font names looked up ignoring case, the first spelling kept; a non-ASCII name as raw UTF-8.
+        {doc({{u"a"_s, {.font = u"Città"_s}}, {u"b"_s, {.font = u"CITTà"_s, .bold = true}}, {u"c"_s, arial}}),
+         "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Citt\xc3\xa0;}{\\f1\\fnil Arial;}" + kBlack
+             + "\\f0 a\\b b\\b0\\f1 c}"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(RTFData(c.text), c.expected) << c.name;
+    for (const auto &[text, expected] : cases)
+        EXPECT_EQ(RTFData(text), expected) << text.Text().toStdString();
+
+    // What the writer writes, the reader reads back: runs, characters and alignments.
+    StyledText back;
+    SetRTFData(back, RTFData(example));
+    EXPECT_TRUE(back == example);
+    const StyledText rich = doc(
+        {{u"Nota spese"_s + CR, {.font = u"Arial"_s, .size = 16, .bold = true, .textColor = 0x800000}},
+         {u"cliente"_s + CR + CR, {.font = u"Times New Roman"_s, .size = 10.5f, .italic = true, .underline = true}},
+         {u"a\\b {c} è à — € 1.225,00"_s, {.font = u"Courier New"_s, .size = 9, .bold = true, .textColor = 0xff}}},
+        {2, 1, 1, 3});
+    SetRTFData(back, RTFData(rich));
+    EXPECT_EQ(test::describe(back), test::describe(rich));
 }
 
 TEST(RTFData, EncodeNonAsciiText)
 {
-    struct Case {
-        QString text;
-        QByteArray expected;
-    };
-    const Case cases[] = {
-        {QString(), ""},
-        {q("abc"), "abc"},
-        {QString(CR) + CR, "\\par\\par "},
-        {QString(CR) + QChar(10), "\\par\\par "},
-        {q("a") + CR + q("b"), "a\\par b"},
-        {q("èà"), "\\u232\\u224 "},
-        {q("è a"), "\\u232  a"},
-        {q("1,00 €"), "1,00 \\u8364 "},
-        {q("\\{}"), "\\\\\\{\\}"},
-        {q("ü\\"), "\\u252 \\\\"},
+    const std::pair<QString, QByteArray> cases[] = {
+        {CR + CR, "\\par\\par "},
+        {CR + QChar(10), "\\par\\par "},
+        {u"è a"_s, "\\u232  a"},
+        {u"ü\\"_s, "\\u252 \\\\"},
         {QString(QChar(0x7fff)), "\\u32767 "},
         // From 0x8000 on a unit is negative: the character itself, in UTF-8.
-        {QString(QChar(0x8000)), "\xe8\x80\x80"},
-        {q("è") + QChar(0x8000), "\\u232 \xe8\x80\x80"},
-        {q("😀x"), "\xf0\x9f\x98\x80x"},
+        {u"è"_s + QChar(0x8000), "\\u232 \xe8\x80\x80"},
+        {u"😀x"_s, "\xf0\x9f\x98\x80x"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(EncodeNonAsciiText(c.text), c.expected) << c.text.toStdString();
+    for (const auto &[text, expected] : cases)
+        EXPECT_EQ(EncodeNonAsciiText(text), expected) << text.toStdString();
 }

@@ -1,70 +1,39 @@
 #include "richtext/styled_text.h"
 
 #include "core/failure.h"
+#include "support/rtf_describe.h"
 
 #include <gtest/gtest.h>
 
 using namespace lumetra;
-
-namespace {
-const QChar CR(13);
-QString q(const char *s) { return QString::fromUtf8(s); }
-} // namespace
+using namespace Qt::StringLiterals;
+using lumetra::test::describe;
 
 TEST(StyledText, ParagraphsEndWithTheirLineEnd)
 {
-    struct Case {
-        QString text;
-        int count;
-    };
-    const Case cases[] = {
-        {QString(), 0},
-        {q("abc"), 1},
-        {q("abc") + CR, 1},
-        {q("a") + CR + q("b"), 2},
-        {QString(CR) + CR, 2},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(StyledText(c.text).ParagraphCount(), c.count) << c.text.toStdString();
+    const QString CR(QChar(13));
+    const std::pair<QString, int> counts[] = {{QString(), 0}, {u"abc"_s, 1}, {u"abc"_s + CR, 1}, {CR + CR, 2}};
+    for (const auto &[text, count] : counts)
+        EXPECT_EQ(StyledText(text).ParagraphCount(), count) << text.toStdString();
 
-    StyledText t(q("ab") + CR + CR + q("cde"));
-    EXPECT_EQ(t.paragraph(0).startPos, 0);
-    EXPECT_EQ(t.paragraph(0).length, 2);
-    EXPECT_EQ(t.paragraph(1).startPos, 3);
-    EXPECT_EQ(t.paragraph(1).length, 0);
-    EXPECT_EQ(t.paragraph(2).startPos, 4);
-    EXPECT_EQ(t.paragraph(2).length, 3);
+    StyledText t(u"ab"_s + CR + CR + u"cde"_s);
+    EXPECT_EQ(std::pair(t.paragraph(1).startPos, t.paragraph(1).length), std::pair(3, 0));
+    EXPECT_EQ(std::pair(t.paragraph(2).startPos, t.paragraph(2).length), std::pair(4, 3));
     EXPECT_THROW(t.paragraph(3), UnhandledFailure);
 }
 
-TEST(StyledText, EqualNeighboursFormOneRunAcrossLineEnds)
+TEST(StyledText, RunsMergeAcrossLineEndsAndComeApart)
 {
-    StyledText t(q("Titolo") + CR + q("corpo") + CR);
-    EXPECT_EQ(t.StyleRunCount(), 1);
+    StyledText t(u"Titolo\rcorpo\r"_s);
     t.Bold(0, 7, true);
-    ASSERT_EQ(t.StyleRunCount(), 2);
-    EXPECT_EQ(t.styleRun(0).text, q("Titolo") + CR);
-    EXPECT_TRUE(t.styleRun(0).style.bold);
-    EXPECT_EQ(t.styleRun(1).text, q("corpo") + CR);
+    EXPECT_EQ(describe(t), u"<b>Titolo¶|corpo¶/00"_s);
     t.Bold(7, 6, true);
-    EXPECT_EQ(t.StyleRunCount(), 1);
-    EXPECT_EQ(t.styleRun(0).style.font, q("System"));
-    EXPECT_EQ(t.styleRun(0).style.size, 0.0f);
-}
+    EXPECT_EQ(describe(t), u"<b>Titolo¶corpo¶/00"_s);
 
-TEST(StyledText, AppendAndRemoveRuns)
-{
-    StyledText t;
-    TextStyle big;
-    big.size = 18;
-    t.AppendStyleRun({q("Città") + CR, big});
-    t.AppendStyleRun({q("testo"), TextStyle{}});
-    EXPECT_EQ(t.ParagraphCount(), 2);
-    t.ParagraphAlignment(0, 2);
-    EXPECT_EQ(t.ParagraphAlignment(0), 2);
-    EXPECT_EQ(t.ParagraphAlignment(1), 0);
+    t.AppendStyleRun({u"testo"_s, TextStyle{.size = 18}});
+    t.ParagraphAlignment(2, 2);
+    EXPECT_EQ(describe(t), u"<b>Titolo¶corpo¶|<@18>testo/002"_s);
     while (t.StyleRunCount() > 0)
         t.RemoveStyleRun(0);
-    EXPECT_EQ(t.Text(), QString());
-    EXPECT_EQ(t.ParagraphCount(), 0);
+    EXPECT_EQ(describe(t), u"/"_s);
 }

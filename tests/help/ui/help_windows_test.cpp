@@ -14,6 +14,7 @@
 #include <QUrl>
 
 using namespace lumetra;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,8 +32,9 @@ protected:
     void SetUp() override
     {
         UiTest::SetUp();
-        QDir(dir.path()).mkdir(QStringLiteral("bin"));
-        setIstruzioniExecutableFolder(folderPath(QStringLiteral("bin")));
+        QDir(dir.path()).mkdir(u"bin"_s);
+        QDir(dir.path()).mkdir(u"Resources"_s);
+        setIstruzioniExecutableFolder(folderPath(u"bin"_s));
         x_istruzioni() = {};
     }
     void TearDown() override
@@ -40,11 +42,6 @@ protected:
         setIstruzioniExecutableFolder(QString());
         x_istruzioni() = {};
         UiTest::TearDown();
-    }
-    void writeManual(const QByteArray &rtf)
-    {
-        QDir(dir.path()).mkdir(QStringLiteral("Resources"));
-        writeFile(QStringLiteral("Resources/istruzioni.rtf"), rtf);
     }
     // Opens the help window modally; inspect runs while it is open, then it is closed.
     void showHelp(const std::function<void(fin_aiuto &)> &inspect)
@@ -64,69 +61,43 @@ protected:
     }
 };
 
-const QByteArray kManual = "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}{\\f1\\fnil Times New Roman;}}"
-                           "{\\colortbl;\\red0\\green0\\blue128;}\n"
-                           "\\qc{\\f0\\b\\fs40\\cf1 Titolo}\\par\n"
-                           "\\ql\\f1\\fs24 Citt\\'e0 e {\\i corsivo}.\\par\n}";
-
 } // namespace
 
-TEST_F(HelpWindows, HelpShowsTheManualStyled)
+TEST_F(HelpWindows, ManualShownStyledParsedAtEachOpeningClosingShowsTheMainWindow)
 {
-    writeManual(kManual);
-    showHelp([](fin_aiuto &help) {
-        QTextDocument *doc = help.EditF->document();
-        EXPECT_EQ(doc->toPlainText(), QStringLiteral("Titolo\nCittà e corsivo.\n"));
-
-        const QTextBlock title = doc->firstBlock();
-        EXPECT_EQ(title.blockFormat().alignment(), Qt::AlignHCenter);
-        const QTextCharFormat big = title.begin().fragment().charFormat();
-        EXPECT_EQ(big.fontWeight(), QFont::Bold);
-        EXPECT_EQ(big.intProperty(QTextFormat::FontPixelSize), 20);
-        EXPECT_EQ(title.next().blockFormat().alignment(), Qt::AlignLeft);
-    });
-}
-
-TEST_F(HelpWindows, ManualReadOnceParsedAtEachOpeningClosingShowsTheMainWindow)
-{
-    writeManual(kManual);
+    writeFile(u"Resources/istruzioni.rtf"_s, "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}}\n"
+                                             "\\qc{\\f0\\b\\fs40 Titolo}\\par\n\\ql Citt\\'e0 e {\\i corsivo}.\\par\n}");
     finestra::instance().hide();
     showHelp([](fin_aiuto &help) {
+        const QTextBlock title = help.EditF->document()->firstBlock();
+        EXPECT_EQ(title.blockFormat().alignment(), Qt::AlignHCenter);
+        EXPECT_EQ(title.begin().fragment().charFormat().fontWeight(), QFont::Bold);
+        EXPECT_EQ(title.begin().fragment().charFormat().intProperty(QTextFormat::FontPixelSize), 20);
+        EXPECT_EQ(title.next().blockFormat().alignment(), Qt::AlignLeft);
         help.EditF->moveCursor(QTextCursor::End);
-        QTest::keyClicks(help.EditF, QStringLiteral("appunto"));
-        EXPECT_TRUE(help.EditF->toPlainText().contains(QStringLiteral("appunto")));
+        QTest::keyClicks(help.EditF, u"appunto"_s);
+        EXPECT_EQ(help.EditF->toPlainText(), u"Titolo\nCittà e corsivo.\nappunto"_s);
     });
     EXPECT_TRUE(finestra::instance().isVisible());
-    writeManual("{\\rtf1 Manuale nuovo}");
-    showHelp([](fin_aiuto &help) {
-        EXPECT_EQ(help.EditF->toPlainText(), QStringLiteral("Titolo\nCittà e corsivo.\n"));
-    });
-}
-
-TEST_F(HelpWindows, MissingOrMalformedManualGivesWhatCanBeRead)
-{
-    showHelp([](fin_aiuto &help) { EXPECT_EQ(help.EditF->toPlainText(), QString()); });
-    x_istruzioni() = {};
-    writeManual("{\\rtf1 Inizio{\\b grassetto");
-    showHelp([](fin_aiuto &help) { EXPECT_EQ(help.EditF->toPlainText(), QStringLiteral("Iniziograssetto")); });
+    // The file is read once a run, the text parsed afresh: the note typed is gone.
+    writeFile(u"Resources/istruzioni.rtf"_s, "{\\rtf1 Manuale nuovo}");
+    showHelp([](fin_aiuto &help) { EXPECT_EQ(help.EditF->toPlainText(), u"Titolo\nCittà e corsivo.\n"_s); });
 }
 
 TEST_F(HelpWindows, InformationBoxLinkAndClose)
 {
     MailCatcher mail;
-    QDesktopServices::setUrlHandler(QStringLiteral("mailto"), &mail, "open");
+    QDesktopServices::setUrlHandler(u"mailto"_s, &mail, "open");
     bool seen = false;
     onNextModal([&](QWidget *modal) {
         auto *info = qobject_cast<finestrainfo *>(modal);
         ASSERT_NE(info, nullptr);
         seen = true;
-        QEvent enter(QEvent::Enter);
+        QEvent enter(QEvent::Enter), leave(QEvent::Leave);
         QCoreApplication::sendEvent(info->StaticText3, &enter);
         EXPECT_TRUE(info->StaticText3->font().underline());
-        QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(info->StaticText3, &leave);
         EXPECT_FALSE(info->StaticText3->font().underline());
-
         QTest::mouseClick(info->StaticText3, Qt::LeftButton);
         QTest::mouseClick(info->PushButton1, Qt::LeftButton);
     });
@@ -135,8 +106,8 @@ TEST_F(HelpWindows, InformationBoxLinkAndClose)
     settle(200);
     EXPECT_TRUE(seen);
     EXPECT_FALSE(finestrainfo::exists());
-    EXPECT_EQ(mail.urls, QList<QUrl>{QUrl(QStringLiteral("mailto:info@lumetra.example"))});
-    QDesktopServices::unsetUrlHandler(QStringLiteral("mailto"));
+    EXPECT_EQ(mail.urls, QList<QUrl>{QUrl(u"mailto:info@lumetra.example"_s)});
+    QDesktopServices::unsetUrlHandler(u"mailto"_s);
 }
 
 #include "help_windows_test.moc"

@@ -1,5 +1,5 @@
 #include "core/bill_file.h"
-#include "core/encodings.h"
+#include "core/file_types.h"
 #include "support/test_files.h"
 
 #include <QRandomGenerator>
@@ -9,7 +9,16 @@ using namespace lumetra;
 
 namespace {
 
-const QChar CR(13);
+QString u(const char *s) { return QString::fromUtf8(s); }
+
+// Lines joined as the window's fields keep them, with character 13.
+QString cr(std::initializer_list<const char *> lines)
+{
+    QStringList out;
+    for (const char *line : lines)
+        out << u(line);
+    return out.join(QChar(13));
+}
 
 Tabella tableOf(int rows)
 {
@@ -19,42 +28,35 @@ Tabella tableOf(int rows)
     return t;
 }
 
-TestaParcella esempioTesta()
+QByteArray salva(const QString &field1, const QString &field2)
 {
     TestaParcella testa;
-    testa.editField1 = QStringLiteral("Causa Comune di Milano contro Tizio e Caio.") + CR
-        + QStringLiteral("Oggetto: Causa etc. etc.");
-    testa.editField2 = QStringLiteral("Spett.le") + CR + QStringLiteral("Comune di Siracusa") + CR
-        + QStringLiteral("Piazza Duomo, 1");
-    testa.editQuantum = QStringLiteral("25000.00");
-    testa.iva = true;
-    testa.rite = true;
-    return testa;
+    testa.editField1 = field1;
+    testa.editField2 = field2;
+    return scriviParcella(testa, tableOf(0));
 }
 
 } // namespace
 
-TEST(BillFile, WorkedExampleIsWrittenByteForByte)
+TEST(BillFile, WorkedExampleIsWrittenByteForByteAndReadBack)
 {
+    TestaParcella testa;
+    testa.editField1 = cr({"Causa Comune di Milano contro Tizio e Caio.", "Oggetto: Causa etc. etc."});
+    testa.editField2 = cr({"Spett.le", "Comune di Siracusa", "Piazza Duomo, 1"});
+    testa.editQuantum = QStringLiteral("25000.00");
+    testa.iva = testa.rite = true;
     Tabella dati = tableOf(3);
-    dati.at(2, 0) = QStringLiteral("2");
-    dati.at(2, 53) = QStringLiteral("95");
-    dati.at(2, 54) = QStringLiteral("3");
-    dati.at(2, 55) = QStringLiteral("Studio della controversia");
-    dati.at(3, 0) = QStringLiteral("-150");
-    dati.at(3, 53) = QStringLiteral("150");
-    const QByteArray written = scriviParcella(esempioTesta(), dati);
+    const std::tuple<int, int, const char *> cells[] = {{2, 0, "2"},   {2, 53, "95"}, {2, 54, "3"},
+                                                         {2, 55, "Studio della controversia"},
+                                                         {3, 0, "-150"}, {3, 53, "150"}};
+    for (const auto &[r, c, text] : cells)
+        dati.at(r, c) = u(text);
+    const QByteArray written = scriviParcella(testa, dati);
     EXPECT_EQ(written, test::readBytes(test::dataPath(QStringLiteral("parcella/esempio.qX9"))));
-    EXPECT_FALSE(written.contains('\n'));
-    EXPECT_EQ(scriviParcella(esempioTesta(), dati), written); // saving twice, same bytes
 
     const LetturaParcella letta = leggiParcella(written, 3);
     ASSERT_EQ(letta.esito, EsitoLettura::Letta);
-    EXPECT_EQ(letta.testa.editField1, esempioTesta().editField1);
-    EXPECT_EQ(letta.testa.editField2, esempioTesta().editField2);
-    EXPECT_EQ(letta.testa.editQuantum, QStringLiteral("25000.00"));
-    EXPECT_TRUE(letta.testa.iva);
-    EXPECT_TRUE(letta.testa.rite);
+    EXPECT_EQ(scriviParcella(letta.testa, dati), written); // every field of the head came back
     Tabella back = tableOf(3);
     applicaRighe(letta.righe, back);
     for (int r = 1; r <= 3; ++r)
@@ -64,101 +66,77 @@ TEST(BillFile, WorkedExampleIsWrittenByteForByte)
 
 TEST(BillFile, OptionsCode)
 {
-    struct Case {
-        const char *code;
-        bool iva, rite;
-    };
-    const Case cases[] = {{"0", false, false}, {"20", true, false}, {"40", false, true}, {"60", true, true},
-                          {"10", false, false}, {"", false, false}, {"60 ", false, false}};
-    for (const auto &c : cases) {
-        bool iva = true, rite = true;
-        leggiCodiceOpzioni(QString::fromLatin1(c.code), iva, rite);
-        EXPECT_EQ(iva, c.iva) << c.code;
-        EXPECT_EQ(rite, c.rite) << c.code;
-        if (QByteArray(c.code) != "10" && QByteArray(c.code) != "" && QByteArray(c.code) != "60 ") {
-            EXPECT_EQ(codiceOpzioni(c.iva, c.rite), QString::fromLatin1(c.code));
-        }
+    const std::tuple<const char *, bool, bool> cases[] = {{"0", false, false}, {"20", true, false},
+                                                          {"40", false, true}, {"60", true, true},
+                                                          {"10", false, false}, {"", false, false},
+                                                          {"60 ", false, false}};
+    for (const auto &[code, iva, rite] : cases) {
+        bool readIva = true, readRite = true;
+        leggiCodiceOpzioni(u(code), readIva, readRite);
+        EXPECT_EQ(std::pair(readIva, readRite), std::pair(iva, rite)) << code;
     }
+    EXPECT_EQ(codiceOpzioni(true, false) + codiceOpzioni(false, true) + codiceOpzioni(true, true), u("204060"));
 }
 
 TEST(BillFile, ReadingQuirks)
 {
-    // Empty heading and client: an empty line before each terminator.
+    // Empty heading and client; the header is compared case-blind.
     const LetturaParcella empty = leggiParcella(QByteArray("***parcella***\r\r**********\r\r**********\r\r60\r"), 0);
-    ASSERT_EQ(empty.esito, EsitoLettura::Letta); // the header is compared case-blind
-    EXPECT_EQ(empty.testa.editField1, QString());
-    EXPECT_EQ(empty.testa.editField2, QString());
-
-    EXPECT_EQ(leggiParcella(QByteArray("PARCELLA\r"), 2).esito, EsitoLettura::NonParcella);
-    EXPECT_EQ(leggiParcella(QByteArray(), 2).esito, EsitoLettura::NonParcella);
-    EXPECT_EQ(leggiParcella(QByteArray("***PARCELLA***\rtesto\r"), 2).esito, EsitoLettura::SenzaFine);
-    EXPECT_EQ(leggiParcella(QByteArray("***PARCELLA***\ra\r**********\rb\r"), 2).esito, EsitoLettura::SenzaFine);
+    ASSERT_EQ(empty.esito, EsitoLettura::Letta);
+    EXPECT_EQ(empty.testa.editField1 + empty.testa.editField2, QString());
+    const std::pair<const char *, EsitoLettura> esiti[] = {
+        {"PARCELLA\r", EsitoLettura::NonParcella},
+        {"", EsitoLettura::NonParcella},
+        {"***PARCELLA***\rtesto\r", EsitoLettura::SenzaFine},
+        {"***PARCELLA***\ra\r**********\rb\r", EsitoLettura::SenzaFine},
+    };
+    for (const auto &[bytes, esito] : esiti)
+        EXPECT_EQ(leggiParcella(QByteArray(bytes), 2).esito, esito) << bytes;
 
     // Fewer rows than the table: the rest come back empty. More: the tail is unread.
     const QByteArray shortFile("***PARCELLA***\r**********\r**********\r10\r0\r1\r0\r1\r\r");
     const LetturaParcella s = leggiParcella(shortFile, 2);
     ASSERT_EQ(s.righe.size(), 2u);
-    EXPECT_EQ(s.righe[0][0], QStringLiteral("1"));
-    EXPECT_EQ(s.righe[0][1], QStringLiteral("0"));
+    EXPECT_EQ(s.righe[0], (StatoRiga{u("1"), u("0"), u("1"), {}}));
     EXPECT_EQ(s.righe[1], StatoRiga{});
     EXPECT_EQ(leggiParcella(shortFile, 1).righe.size(), 1u);
 
     // A heading line that is the terminator itself ends the section early.
-    TestaParcella testa;
-    testa.editField1 = QStringLiteral("prima") + CR + QStringLiteral("**********") + CR + QStringLiteral("dopo");
-    const LetturaParcella shifted = leggiParcella(scriviParcella(testa, tableOf(0)), 0);
+    const LetturaParcella shifted = leggiParcella(salva(cr({"prima", "**********", "dopo"}), {}), 0);
     EXPECT_EQ(shifted.testa.editField1, QStringLiteral("prima"));
     EXPECT_EQ(shifted.testa.editField2, QStringLiteral("dopo"));
-}
 
-TEST(BillFile, TextRoundTripsThroughMacRoman)
-{
-    TestaParcella testa;
-    testa.editField1 = QString::fromUtf8("Perizia sull'unità immobiliare — € 5");
-    testa.editField2 = QStringLiteral("riga 1\nriga 2"); // a widget's LF becomes the file's line end
-    const LetturaParcella back = leggiParcella(scriviParcella(testa, tableOf(0)), 0);
-    EXPECT_EQ(back.testa.editField1, testa.editField1);
-    EXPECT_EQ(back.testa.editField2, QStringLiteral("riga 1") + CR + QStringLiteral("riga 2"));
+    // Mac Roman text comes back; a widget's LF becomes the file's line end.
+    const QString text = u("Perizia sull'unità immobiliare — € 5");
+    const LetturaParcella back = leggiParcella(salva(text, QStringLiteral("riga 1\nriga 2")), 0);
+    EXPECT_EQ(back.testa.editField1, text);
+    EXPECT_EQ(back.testa.editField2, cr({"riga 1", "riga 2"}));
 }
 
 TEST(BillFile, GarbageNeverCrashes)
 {
     auto *rng = QRandomGenerator::global();
     for (int round = 0; round < 200; ++round) {
-        QByteArray junk;
-        const int size = int(rng->bounded(1, round < 190 ? 4096 : 3 * 1024 * 1024));
-        junk.resize(size);
+        QByteArray junk(int(rng->bounded(1, round < 190 ? 4096 : 3 * 1024 * 1024)), 0);
         for (char &c : junk)
             c = char(rng->bounded(256));
         if (round % 2 == 0) // with the sections terminated, the reader gets to the rows
-            junk = "***PARCELLA***\r" + junk.left(size / 3) + "\r**********\r\r**********\r" + junk.mid(size / 3);
+            junk = "***PARCELLA***\r" + junk.left(junk.size() / 3) + "\r**********\r\r**********\r" + junk;
         const LetturaParcella r = leggiParcella(junk, 50);
-        if (r.esito == EsitoLettura::Letta) {
+        if (r.esito == EsitoLettura::Letta)
             EXPECT_EQ(r.righe.size(), 50u);
-        }
     }
 }
 
-#include "core/file_types.h"
-
 TEST(FileTypes, ProposedNames)
 {
-    struct Case {
-        const char *nome, *bill, *rtf;
+    const std::tuple<const char *, const char *, const char *> cases[] = {
+        {"", "Parcella.qX9", "Parcella.rtf"}, {"Bozza.qX9", "Bozza.qX9", "Bozza.rtf"},
+        {"Bozza", "Bozza.qX9", "Bozza.rtf"},  {"Causa.QX9", "Causa.QX9", "Causa.rtf"},
+        {"Causa.old", "Causa.old.qX9", "Causa.old.rtf"}, {"qX9", "qX9.qX9", "qX9.rtf"}, {".qx9", ".qx9", ".rtf"},
     };
-    const Case cases[] = {
-        {"", "Parcella.qX9", "Parcella.rtf"},
-        {"Bozza.qX9", "Bozza.qX9", "Bozza.rtf"},
-        {"Bozza", "Bozza.qX9", "Bozza.rtf"},
-        {"Causa.QX9", "Causa.QX9", "Causa.rtf"},
-        {"Causa.old", "Causa.old.qX9", "Causa.old.rtf"},
-        {"qX9", "qX9.qX9", "qX9.rtf"},
-        {".qx9", ".qx9", ".rtf"},
-    };
-    for (const auto &c : cases) {
-        EXPECT_EQ(nomeProposto(QString::fromUtf8(c.nome)), QString::fromUtf8(c.bill)) << c.nome;
-        EXPECT_EQ(nomePropostoRtf(QString::fromUtf8(c.nome)), QString::fromUtf8(c.rtf)) << c.nome;
+    for (const auto &[nome, bill, rtf] : cases) {
+        EXPECT_EQ(nomeProposto(u(nome)), u(bill)) << nome;
+        EXPECT_EQ(nomePropostoRtf(u(nome)), u(rtf)) << nome;
     }
-    EXPECT_EQ(FileTypes::qRX9Lumetra().Extensions, QStringLiteral(".qX9"));
-    EXPECT_EQ(FileTypes::TextRtf().filter(), QStringLiteral("text/rtf (*.rtf)"));
 }

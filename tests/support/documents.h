@@ -1,53 +1,68 @@
 #pragma once
-// The two documents of the worked example bill, as the composer gives them:
-// the text with its line ends of character 13, and the style map.
+// Helpers of the document tests: the golden documents of the worked example
+// (tests/data/golden/nota_e_fattura/), bills on a tariff table as the last
+// rebuild of the bill list leaves them, and composed text made easy to compare.
 
+#include "core/tariff.h"
 #include "document/crea_stile.h"
 #include "support/test_files.h"
 
+#include <QStringList>
 #include <initializer_list>
 
 namespace lumetra::test {
 
+inline const QString CR(QChar(13));
+inline QString q(const char *s) { return QString::fromUtf8(s); }
+inline QString blanks(int n) { return QString(n, QLatin1Char(' ')); }
+// The last line of spezzatesto at width 50, padded to 55.
+inline QString padded(const QString &line) { return line + blanks(55 - int(line.size())); }
+
+struct Voce {
+    const char *categoria, *testo, *stato = "0", *valore = "0", *quantita = "1", *nome = "";
+};
+
+inline Tabella tabella(std::initializer_list<Voce> voci)
+{
+    Tabella dati;
+    for (const Voce &v : voci) {
+        const int r = dati.addRow();
+        for (auto [col, text] : { std::pair { kColCategoria, v.categoria }, { kColVoce, v.testo },
+                 { kColStato, v.stato }, { kColValore, v.valore }, { kColQuantita, v.quantita }, { kColNome, v.nome } })
+            dati.at(r, col) = q(text);
+    }
+    return dati;
+}
+
+// The lines of a composed text with their runs of blanks made one and the rule
+// over a total shortened to "—", joined by "|", so that an expectation reads as
+// the document does. The columns themselves are checked byte for byte by the
+// golden documents.
+inline QString righe(const QString &text)
+{
+    QStringList lines = text.split(CR);
+    for (QString &line : lines)
+        line = line.simplified().replace(QString(14, QChar(0x2014)), q("—"));
+    return lines.join(QLatin1Char('|'));
+}
+
+inline QString goldenPath(const QString &file) { return dataPath(q("golden/nota_e_fattura/") + file); }
+
+// A golden document, "nota_spese" or "fattura": its text, style map and kind.
 struct Composed {
     QString text;
-    StyMap sty_f;
+    StyMap sty_f {};
     int elab;
 };
 
-inline StyMap styMap(std::initializer_list<std::array<int, 2>> blocks, int c0, int c1, int c2)
+inline Composed golden(const char *name)
 {
-    StyMap m{};
-    size_t r = 0;
-    for (const auto &b : blocks) {
-        m[r][0] = b[0];
-        m[r][1] = b[1];
-        ++r;
-    }
-    m[0][2] = c0;
-    m[1][2] = c1;
-    m[2][2] = c2;
-    return m;
-}
-
-// The golden documents of the worked example, tests/data/golden/nota_e_fattura/.
-inline QString goldenPath(const QString &file) { return dataPath(QStringLiteral("golden/nota_e_fattura/") + file); }
-
-inline QString documentText(const QString &name)
-{
-    return QString::fromUtf8(readBytes(goldenPath(name + QStringLiteral(".txt"))));
-}
-
-inline Composed notaSpese()
-{
-    return {documentText(QStringLiteral("nota_spese")),
-            styMap({{0, 6}, {7, 12}, {13, 14}, {15, 17}, {18, 27}, {28, 51}, {52, 53}}, 261, 1894, 1913), 0};
-}
-
-inline Composed fattura()
-{
-    return {documentText(QStringLiteral("fattura")),
-            styMap({{0, 4}, {5, 10}, {11, 14}, {15, 17}, {15, 17}, {18, 41}, {42, 43}}, 256, 1656, 1675), 1};
+    Composed doc { QString::fromUtf8(readBytes(goldenPath(q(name) + q(".txt")))), {}, q(name) == q("fattura") };
+    const QStringList numbers
+        = QString::fromUtf8(readBytes(goldenPath(q(name) + q(".sty_f")))).simplified().split(QLatin1Char(' '));
+    for (qsizetype i = 0; i < numbers.size(); ++i)
+        doc.sty_f[size_t(i / 3)][size_t(i % 3)] = numbers[i].toInt();
+    return doc;
 }
 
 inline StyledText styledDocument(const Composed &doc, int size1, int size2)

@@ -123,8 +123,9 @@ TEST(BillFile, GarbageNeverCrashes)
         if (round % 2 == 0) // with the sections terminated, the reader gets to the rows
             junk = "***PARCELLA***\r" + junk.left(junk.size() / 3) + "\r**********\r\r**********\r" + junk;
         const LetturaParcella r = leggiParcella(junk, 50);
-        if (r.esito == EsitoLettura::Letta)
+        if (r.esito == EsitoLettura::Letta) {
             EXPECT_EQ(r.righe.size(), 50u);
+        }
     }
 }
 

@@ -93,8 +93,9 @@ TEST(Tariffa2004, EveryLimitSelectsABandInEveryMode)
             const double minimo = CDbl(dati.at(r, c + 1)), massimo = CDbl(dati.at(r, c + 2));
             EXPECT_LE(minimo, massimo) << descrivi(r) << " c=" << c;
             // A figure of 1 or less multiplies the value of the dispute: only bands by amount may hold one.
-            if (fisso || dati.at(r, c) == u("INDET.") || dati.at(r, c) == u("IMPORT."))
+            if (fisso || dati.at(r, c) == u("INDET.") || dati.at(r, c) == u("IMPORT.")) {
                 EXPECT_TRUE((minimo == 0 || minimo > 1) && (massimo == 0 || massimo > 1)) << descrivi(r) << " c=" << c;
+            }
         }
         for (double q : valori)
             for (int modo : {Prestabilito, Indeterminabile, Importante}) {

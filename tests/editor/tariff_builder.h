@@ -9,8 +9,6 @@
 #include <QStringList>
 #include <vector>
 
-// Texts in failure messages as text, not as arrays of characters.
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace lumetra::test {
 

@@ -4,12 +4,11 @@
 // line end shown as '¶', then '/' and one digit per paragraph alignment.
 
 #include "richtext/styled_text.h"
+#include "support/test_files.h"
 
 #include <QStringList>
 #include <ostream>
 
-// Texts in failure messages as text, not as arrays of characters.
-inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace lumetra::test {
 

@@ -4,7 +4,11 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <ostream>
 #include <stdexcept>
+
+// Texts in failure messages as text, not as arrays of characters.
+inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace lumetra::test {
 

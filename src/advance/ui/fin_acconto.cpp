@@ -7,7 +7,7 @@
 #include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
-#include "editor/ui/look.h"
+#include "core/ui/look.h"
 
 #include <QFrame>
 #include <QKeyEvent>

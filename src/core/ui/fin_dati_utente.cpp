@@ -3,7 +3,7 @@
 #include "core/failure.h"
 #include "core/globali.h"
 #include "core/ui/app.h"
-#include "core/ui/widgets_style.h"
+#include "core/ui/look.h"
 #include "core/user_data.h"
 #include "editor/ui/finestra.h"
 
@@ -38,14 +38,14 @@ fin_dati_utente::fin_dati_utente()
     setWindowTitle(QStringLiteral("senza titolo"));
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setFixedSize(512, 457);
-    setBackground(this, QColor(0x99, 0x99, 0x99));
+    sfondo(this, QColor(0x99, 0x99, 0x99));
     setAttribute(Qt::WA_DeleteOnClose);
 
     auto *heading = new QLabel(QStringLiteral("Dati personali utente"), this);
     heading->setObjectName(QStringLiteral("StaticText12"));
     place(heading, 141, 128, 349, 20);
-    heading->setFont(programFont(QStringLiteral("Arial"), 14));
-    setTextColour(heading, Qt::black);
+    heading->setFont(arial(14));
+    coloreTesto(heading, Qt::black);
 
     const Etichetta labels[] = {
         {"StaticText6", 9, 160, 120, "Intestazione:"},     {"StaticText7", 9, 195, 120, "Indirizzo:"},
@@ -57,9 +57,9 @@ fin_dati_utente::fin_dati_utente()
         auto *label = new QLabel(QString::fromUtf8(l.text), this);
         label->setObjectName(QString::fromLatin1(l.name));
         place(label, l.left, l.top, l.width, 20);
-        label->setFont(programFont(QStringLiteral("Arial"), 14));
+        label->setFont(arial(14));
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setTextColour(label, Qt::white);
+        coloreTesto(label, Qt::white);
     }
 
     const Campo fields[] = {
@@ -70,7 +70,7 @@ fin_dati_utente::fin_dati_utente()
         auto *edit = new QLineEdit(this);
         edit->setObjectName(QStringLiteral("EditFute%1").arg(f.index));
         place(edit, f.left, f.top, f.width, 22);
-        edit->setFont(programFont(QStringLiteral("Arial"), 14, true));
+        edit->setFont(arial(14, true));
         QPalette pal = edit->palette();
         pal.setColor(QPalette::Text, QColor(0x00, 0x00, 0x80));
         pal.setColor(QPalette::Base, Qt::white);
@@ -90,7 +90,7 @@ fin_dati_utente::fin_dati_utente()
     PushBreg = new QPushButton(QStringLiteral("Registra"), this);
     PushBreg->setObjectName(QStringLiteral("PushBreg"));
     place(PushBreg, 141, 419, 348, 24);
-    PushBreg->setFont(programFont(QStringLiteral("Arial"), 14, true));
+    PushBreg->setFont(arial(14, true));
     PushBreg->setAutoDefault(false);
     PushBreg->setDefault(false);
     connect(PushBreg, &QPushButton::clicked, this, &fin_dati_utente::PushBreg_Action);

@@ -4,7 +4,7 @@
 #include "core/file_types.h"
 #include "core/globali.h"
 #include "core/ui/dialogs.h"
-#include "core/ui/widgets_style.h"
+#include "core/ui/look.h"
 #include "document/composer.h"
 #include "document/crea_stile.h"
 #include "document/ui/stampa.h"
@@ -89,7 +89,7 @@ fin_elaborazione::fin_elaborazione()
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
                    | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(540, 690);
-    setBackground(this, QColor(0xcc, 0xcc, 0xcc));
+    sfondo(this, QColor(0xcc, 0xcc, 0xcc));
     setAttribute(Qt::WA_DeleteOnClose);
 
     EditF = campoTesto(QStringLiteral("EditF"), 10, this);

@@ -11,7 +11,7 @@
 #include "editor/value_filter.h"
 #include "editor/ui/edit_field.h"
 #include "editor/ui/listbox.h"
-#include "editor/ui/look.h"
+#include "core/ui/look.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>

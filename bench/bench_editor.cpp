@@ -67,10 +67,9 @@ QByteArray generatedTariff(int n, int listed)
               << (i % 3 == 0 ? QStringLiteral("Nota della voce %1").arg(i) : QString());
         lines << QStringLiteral("1000") << QStringLiteral("10") << QStringLiteral("20") << QStringLiteral("5000")
               << QStringLiteral("30") << QStringLiteral("60") << QStringLiteral("25000") << QStringLiteral("100")
-              << QStringLiteral("250") << QStringLiteral("> 25000") << QStringLiteral("0,01")
-              << QStringLiteral("0,02") << QStringLiteral("INDET.") << QStringLiteral("40") << QStringLiteral("80")
-              << QStringLiteral("IMPORT.") << QStringLiteral("90") << QStringLiteral("150")
-              << QStringLiteral("**********");
+              << QStringLiteral("250") << QStringLiteral("> 25000") << QStringLiteral("0,01") << QStringLiteral("0,02")
+              << QStringLiteral("INDET.") << QStringLiteral("40") << QStringLiteral("80") << QStringLiteral("IMPORT.")
+              << QStringLiteral("90") << QStringLiteral("150") << QStringLiteral("**********");
     }
     return toMacRoman(lines.join(QLatin1Char('\n')));
 }

@@ -13,8 +13,7 @@ using namespace lumetra;
 
 namespace {
 
-const char *const kCategorie[] = { "Spese", "Diritti", "Onorari giudiziali", "Ambito penale",
-    "Ambito stragiudiziale" };
+const char *const kCategorie[] = {"Spese", "Diritti", "Onorari giudiziali", "Ambito penale", "Ambito stragiudiziale"};
 
 Tabella billOf50()
 {
@@ -55,16 +54,16 @@ int main()
 
     constexpr int kRuns = 2000;
     double worst = 0;
-    for (int elab : { 0, 1 }) {
-        const DatiDocumento in { .dati = dati,
-            .editQuantum = QStringLiteral("10000"),
-            .utenza = utenza,
-            .editField1 = QStringLiteral("Causa Comune di Siracusa contro Tizio"),
-            .editField2 = QStringLiteral("Spett.le\rComune di Siracusa"),
-            .iva = true,
-            .rite = true,
-            .elab = elab,
-            .oggi = QDate(2011, 11, 16) };
+    for (int elab : {0, 1}) {
+        const DatiDocumento in{.dati = dati,
+                               .editQuantum = QStringLiteral("10000"),
+                               .utenza = utenza,
+                               .editField1 = QStringLiteral("Causa Comune di Siracusa contro Tizio"),
+                               .editField2 = QStringLiteral("Spett.le\rComune di Siracusa"),
+                               .iva = true,
+                               .rite = true,
+                               .elab = elab,
+                               .oggi = QDate(2011, 11, 16)};
         std::vector<double> micros;
         micros.reserve(kRuns);
         qsizetype length = 0;
@@ -81,8 +80,8 @@ int main()
             sum += m;
         const double median = micros[micros.size() / 2];
         std::printf("%s, 50 items: median %.1f us, mean %.1f us, p99 %.1f us (%lld characters)\n",
-            elab == 0 ? "Nota spese" : "Fattura", median, sum / kRuns, micros[micros.size() * 99 / 100],
-            static_cast<long long>(length / kRuns));
+                    elab == 0 ? "Nota spese" : "Fattura", median, sum / kRuns, micros[micros.size() * 99 / 100],
+                    static_cast<long long>(length / kRuns));
         worst = std::max(worst, median);
     }
     return worst < 1000 ? 0 : 1;

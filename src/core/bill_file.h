@@ -28,9 +28,9 @@ void leggiCodiceOpzioni(const QString &code, bool &iva, bool &rite);
 QByteArray scriviParcella(const TestaParcella &testa, const Tabella &dati);
 
 enum class EsitoLettura {
-    Letta,       // head read, rows stored into dati
+    Letta, // head read, rows stored into dati
     NonParcella, // first line is not "***PARCELLA***": nothing was touched
-    SenzaFine,   // a heading or client section has no terminator
+    SenzaFine, // a heading or client section has no terminator
 };
 
 // Columns 0, 53, 54, 55 of one tariff row.

@@ -23,9 +23,8 @@ Tabella::Tabella() : m_rows(1) {}
 const QString &Tabella::at(int row, int col) const
 {
     if (row < 0 || row >= int(m_rows.size()) || col < 0 || col >= kColonne)
-        throw UnhandledFailure(QStringLiteral("indice fuori dai limiti della tabella tariffe (riga %1, colonna %2)")
-                                   .arg(row)
-                                   .arg(col));
+        throw UnhandledFailure(
+            QStringLiteral("indice fuori dai limiti della tabella tariffe (riga %1, colonna %2)").arg(row).arg(col));
     return m_rows[size_t(row)][size_t(col)];
 }
 

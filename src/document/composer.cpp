@@ -64,8 +64,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
         if (t[size_t(i)] != 0) {
             const QString x = lettera(i);
             out.commit(riga(riga_importo(QLatin1Char('(') + x + QStringLiteral(") ") + etichette[size_t(i)], {}, {},
-                               t[size_t(i)]))
-                + kVuota);
+                                         t[size_t(i)]))
+                       + kVuota);
         }
     }
 
@@ -75,13 +75,14 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
     if (t[4] != 0) {
         const QString x = lettera(4);
         out.commit(riga(riga_importo(QLatin1Char('(') + x + QStringLiteral(") Rimborso spese forf. (12,50% di ")
-                + baseRimborso + QLatin1Char(')'),
-            Format(0.125, QStringLiteral("#.00%")), Format(t[2] + t[3], QStringLiteral("-#.00")), t[4])));
+                                         + baseRimborso + QLatin1Char(')'),
+                                     Format(0.125, QStringLiteral("#.00%")),
+                                     Format(t[2] + t[3], QStringLiteral("-#.00")), t[4])));
     }
 
     t[5] = t[4] + t[0] + t[8];
     int conteggio = 0;
-    for (double v : { t[8], t[1], t[2], t[3] })
+    for (double v : {t[8], t[1], t[2], t[3]})
         conteggio += v != 0 ? 1 : 0;
     QString sospeso;
     if (conteggio > 1) {
@@ -108,7 +109,7 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
             ? QLatin1Char('(') + x + QStringLiteral(") C.P.A. (4% di A)")
             : QLatin1Char('(') + x + QStringLiteral(") C.P.A. (4% di ") + base(2, 4) + suffisso + QLatin1Char(')');
         sospeso += riga(riga_importo(descrizione, Format(0.04, QStringLiteral("-#.00%")),
-                       Format(t[6], QStringLiteral("-#.00")), t[6] * 0.04))
+                                     Format(t[6], QStringLiteral("-#.00")), t[6] * 0.04))
             + kVuota;
     }
 
@@ -121,7 +122,7 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
                 ? QStringLiteral("(F) I.V.A. (21% di A+B)")
                 : QStringLiteral("(F) I.V.A. (21% di ") + base(2, 5) + suffisso + QLatin1Char(')');
             sospeso += riga(riga_importo(descrizione, Format(0.21, QStringLiteral("-#.00%")),
-                Format(t[7], QStringLiteral("-#.00")), t[7] * 0.21));
+                                         Format(t[7], QStringLiteral("-#.00")), t[7] * 0.21));
             t[10] = t[7] + t[7] * 0.21;
         } else {
             sospeso += riga(QStringLiteral(" (Importo non imponibile ai sensi dell'art.1, c.100 L.244/2007)"));
@@ -148,8 +149,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
                 : QStringLiteral("Ritenuta d'acconto (20% di ") + base(2, 4) + suffisso + QLatin1Char(')');
             // The lone blank without a line end shifts the next rule one column right.
             out.commit(riga(riga_importo(descrizione, Format(0.2, QStringLiteral("#.00%")),
-                           Format(t[6], QStringLiteral("-#.00")), -t[6] * 0.2))
-                + QLatin1Char(' '));
+                                         Format(t[6], QStringLiteral("-#.00")), -t[6] * 0.2))
+                       + QLatin1Char(' '));
         }
         t[11] = t[10] - t[6] * 0.2;
         QString netto;
@@ -215,14 +216,14 @@ Documento Crea_testo(const DatiDocumento &in)
     // Block 1, place, date and client.
     const QString luogo = estrai_luogo(u[3]);
     out.commit(riga(oppure(luogo, QStringLiteral("MANCA LUOGO!")))
-        + riga(QStringLiteral("Lì ") + in.oggi.toString(QStringLiteral("dd/MM/yy"))) + kVuota
-        + riga(oppure(in.editField2, QStringLiteral("MANCA ASSISTITO!"))) + kVuota);
+               + riga(QStringLiteral("Lì ") + in.oggi.toString(QStringLiteral("dd/MM/yy"))) + kVuota
+               + riga(oppure(in.editField2, QStringLiteral("MANCA ASSISTITO!"))) + kVuota);
     sty[1][0] = sty[0][1] + 1;
     sty[1][1] = out.ultimaRiga();
 
     // Block 2, the title. The invoice number stays XX for the user to fill in.
     std::array<QString, 4> etichette
-        = { QStringLiteral("NOTA SPESE - COMPETENZE"), QStringLiteral("FATTURA N. XX/") + Str(in.oggi.year()) };
+        = {QStringLiteral("NOTA SPESE - COMPETENZE"), QStringLiteral("FATTURA N. XX/") + Str(in.oggi.year())};
     pezzo = riga(etichette[size_t(in.elab)]);
     if (in.elab == 1)
         pezzo += riga(QStringLiteral("P.IVA.: ") + u[7]) + riga(QStringLiteral("C.Fiscale.: ") + u[8]);
@@ -232,7 +233,7 @@ Documento Crea_testo(const DatiDocumento &in)
 
     // Block 3, the subject and the value, always shown, even when empty.
     out.commit(riga(oppure(in.editField1, QStringLiteral("MANCA OGGETTO!")))
-        + riga(QStringLiteral("VALORE DELLA CONTROVERSIA: ") + in.editQuantum + QStringLiteral(" €")) + kVuota);
+               + riga(QStringLiteral("VALORE DELLA CONTROVERSIA: ") + in.editQuantum + QStringLiteral(" €")) + kVuota);
     sty[3][0] = sty[2][1] + 1;
     sty[3][1] = out.ultimaRiga();
     sty[0][2] = out.ultimoCarattere();

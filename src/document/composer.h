@@ -46,9 +46,9 @@ struct DatiDocumento {
 
 struct Documento {
     QString testo;
-    StyMap sty_f {};
+    StyMap sty_f{};
     // The document totals, in the slots the main window's totale uses.
-    std::array<double, 16> totale {};
+    std::array<double, 16> totale{};
     // The revenue stamp set apart from the spese; used by a "Fattura" only.
     QString marcadabollo;
     double marcaimporto = 0;

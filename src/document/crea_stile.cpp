@@ -15,8 +15,8 @@ struct Block {
 // Blocks 0 to 6: sender; place, date and client; title; subject; sections;
 // summary; signature.
 constexpr Block kBlocks[7] = {
-    {false, Style::None, 1},  {true, Style::Italic, 3}, {true, Style::Bold, -1}, {true, Style::None, 1},
-    {false, Style::None, 1},  {false, Style::Bold, 1},  {true, Style::BoldOff, 3},
+    {false, Style::None, 1}, {true, Style::Italic, 3}, {true, Style::Bold, -1},   {true, Style::None, 1},
+    {false, Style::None, 1}, {false, Style::Bold, 1},  {true, Style::BoldOff, 3},
 };
 
 } // namespace

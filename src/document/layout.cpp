@@ -41,7 +41,7 @@ QString spezzatesto(const QString &text, int width)
     } else {
         // b[j] is the position (from 1) of the j-th break character; b[0] = 0.
         // t ends in a blank, so the last break is at n.
-        std::vector<int> b { 0 };
+        std::vector<int> b{0};
         for (int i = 1; i <= n; ++i)
             if (isBreak(t[i - 1]))
                 b.push_back(i);

@@ -59,7 +59,7 @@ bool categoriaDellaSezione(const QString &categoria, int section)
 Sezione Crea_onorari(const Tabella &dati, int section, const QString &valore, MarcaDaBollo &marca)
 {
     static const std::array<QString, 3> etichette
-        = { QStringLiteral("SPESE: "), QStringLiteral("DIRITTI: "), QStringLiteral("ONORARI: ") };
+        = {QStringLiteral("SPESE: "), QStringLiteral("DIRITTI: "), QStringLiteral("ONORARI: ")};
     if (section < 1 || section > 3)
         throw UnhandledFailure(QStringLiteral("sezione %1 inesistente").arg(section));
 

@@ -11,10 +11,14 @@ QStringList voci_importo()
 
 QStringList voci_categoria()
 {
-    return {QStringLiteral("SELEZIONA"),          QStringLiteral("-"),
-            QStringLiteral("Spese"),              QStringLiteral("Diritti"),
-            QStringLiteral("Onorari giudiziali"), QStringLiteral("Ambito penale"),
-            QStringLiteral("Ambito stragiudiziale"), QStringLiteral("Acconti")};
+    return {QStringLiteral("SELEZIONA"),
+            QStringLiteral("-"),
+            QStringLiteral("Spese"),
+            QStringLiteral("Diritti"),
+            QStringLiteral("Onorari giudiziali"),
+            QStringLiteral("Ambito penale"),
+            QStringLiteral("Ambito stragiudiziale"),
+            QStringLiteral("Acconti")};
 }
 
 Sottocategorie sottocategorie(int i)

@@ -15,7 +15,7 @@ QStringList voci_categoria();
 
 struct Sottocategorie {
     QString etichetta; // StaticTextPop's text
-    QStringList voci;  // PopCatB's entries; empty for "SELEZIONA" and the divider
+    QStringList voci; // PopCatB's entries; empty for "SELEZIONA" and the divider
 };
 
 // What PopCatA's entry i gives to PopCatB and its label.

@@ -11,9 +11,9 @@
 namespace lumetra {
 
 struct FiltroRicerca {
-    QString categoria;      // PopCatA's text
+    QString categoria; // PopCatA's text
     QString sottocategoria; // PopCatB's text
-    QString cerca;          // EditCerca's text
+    QString cerca; // EditCerca's text
 };
 
 // Whether tariff row r passes the filter of the listing.

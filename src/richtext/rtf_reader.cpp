@@ -63,7 +63,7 @@ struct RtfState {
     QString font = QStringLiteral("System");
     Colour colour = 0;
     RtfEncoding numbered = RtfEncoding::Ascii; // \u and \'hh
-    RtfEncoding plain = RtfEncoding::Ascii;    // the file's own bytes
+    RtfEncoding plain = RtfEncoding::Ascii; // the file's own bytes
 };
 
 class Reader {
@@ -186,7 +186,9 @@ private:
         } else if (is(w, "mac")) {
             top.plain = RtfEncoding::MacRoman;
         } else if (is(w, "b") || is(w, "i") || is(w, "ul") || is(w, "ulnone")) {
-            bool RtfState::*member = is(w, "b") ? &RtfState::bold : is(w, "i") ? &RtfState::italic : &RtfState::underline;
+            bool RtfState::*member = is(w, "b") ? &RtfState::bold
+                : is(w, "i")                    ? &RtfState::italic
+                                                : &RtfState::underline;
             top.*member = on && !is(w, "ulnone");
             commit();
         } else if (is(w, "u")) {

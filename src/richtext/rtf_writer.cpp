@@ -62,7 +62,7 @@ QByteArray ColorTableString(const Tables &t)
     QByteArray out("{\\colortbl");
     for (Colour c : t.colours)
         out += "\\red" + QByteArray::number((c >> 16) & 0xff) + "\\green" + QByteArray::number((c >> 8) & 0xff)
-               + "\\blue" + QByteArray::number(c & 0xff) + ';';
+            + "\\blue" + QByteArray::number(c & 0xff) + ';';
     return out + '}';
 }
 

@@ -142,7 +142,8 @@ void StyledText::RemoveStyleRun(int index)
     m_text.remove(start, length);
     m_styles.erase(m_styles.begin() + start, m_styles.begin() + start + length);
     // Paragraphs from the removed stretch on lose their alignment.
-    const auto keep = std::count_if(m_paragraphStarts.begin(), m_paragraphStarts.end(), [&](int p) { return p < start; });
+    const auto keep
+        = std::count_if(m_paragraphStarts.begin(), m_paragraphStarts.end(), [&](int p) { return p < start; });
     m_alignments.resize(size_t(keep));
     syncParagraphs();
     m_runsValid = false;

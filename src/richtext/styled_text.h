@@ -78,7 +78,7 @@ private:
 
     QString m_text;
     std::vector<TextStyle> m_styles; // one per character
-    std::vector<int> m_alignments;   // one per paragraph
+    std::vector<int> m_alignments; // one per paragraph
     std::vector<int> m_paragraphStarts;
     mutable std::vector<StyleRun> m_runs;
     mutable bool m_runsValid = false;

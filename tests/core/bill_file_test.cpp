@@ -46,9 +46,8 @@ TEST(BillFile, WorkedExampleIsWrittenByteForByteAndReadBack)
     testa.editQuantum = QStringLiteral("25000.00");
     testa.iva = testa.rite = true;
     Tabella dati = tableOf(3);
-    const std::tuple<int, int, const char *> cells[] = {{2, 0, "2"},   {2, 53, "95"}, {2, 54, "3"},
-                                                         {2, 55, "Studio della controversia"},
-                                                         {3, 0, "-150"}, {3, 53, "150"}};
+    const std::tuple<int, int, const char *> cells[] = {
+        {2, 0, "2"}, {2, 53, "95"}, {2, 54, "3"}, {2, 55, "Studio della controversia"}, {3, 0, "-150"}, {3, 53, "150"}};
     for (const auto &[r, c, text] : cells)
         dati.at(r, c) = u(text);
     const QByteArray written = scriviParcella(testa, dati);
@@ -66,10 +65,9 @@ TEST(BillFile, WorkedExampleIsWrittenByteForByteAndReadBack)
 
 TEST(BillFile, OptionsCode)
 {
-    const std::tuple<const char *, bool, bool> cases[] = {{"0", false, false}, {"20", true, false},
-                                                          {"40", false, true}, {"60", true, true},
-                                                          {"10", false, false}, {"", false, false},
-                                                          {"60 ", false, false}};
+    const std::tuple<const char *, bool, bool> cases[]
+        = {{"0", false, false},  {"20", true, false}, {"40", false, true},  {"60", true, true},
+           {"10", false, false}, {"", false, false},  {"60 ", false, false}};
     for (const auto &[code, iva, rite] : cases) {
         bool readIva = true, readRite = true;
         leggiCodiceOpzioni(u(code), readIva, readRite);
@@ -132,9 +130,13 @@ TEST(BillFile, GarbageNeverCrashes)
 TEST(FileTypes, ProposedNames)
 {
     const std::tuple<const char *, const char *, const char *> cases[] = {
-        {"", "Parcella.qX9", "Parcella.rtf"}, {"Bozza.qX9", "Bozza.qX9", "Bozza.rtf"},
-        {"Bozza", "Bozza.qX9", "Bozza.rtf"},  {"Causa.QX9", "Causa.QX9", "Causa.rtf"},
-        {"Causa.old", "Causa.old.qX9", "Causa.old.rtf"}, {"qX9", "qX9.qX9", "qX9.rtf"}, {".qx9", ".qx9", ".rtf"},
+        {"", "Parcella.qX9", "Parcella.rtf"},
+        {"Bozza.qX9", "Bozza.qX9", "Bozza.rtf"},
+        {"Bozza", "Bozza.qX9", "Bozza.rtf"},
+        {"Causa.QX9", "Causa.QX9", "Causa.rtf"},
+        {"Causa.old", "Causa.old.qX9", "Causa.old.rtf"},
+        {"qX9", "qX9.qX9", "qX9.rtf"},
+        {".qx9", ".qx9", ".rtf"},
     };
     for (const auto &[nome, bill, rtf] : cases) {
         EXPECT_EQ(nomeProposto(u(nome)), u(bill)) << nome;

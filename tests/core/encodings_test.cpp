@@ -21,8 +21,8 @@ TEST(Encodings, LineReader)
 {
     // Every line of the expectation is followed by '|'.
     const std::pair<const char *, const char *> cases[] = {
-        {"", ""},           {"a", "a|"},          {"a\n", "a|"},     {"a\n\n", "a||"},
-        {"a\r\nb\rc\n", "a|b|c|"}, {"\r\n", "|"}, {"a\n\rb", "a||b|"},
+        {"", ""},      {"a", "a|"},         {"a\n", "a|"}, {"a\n\n", "a||"}, {"a\r\nb\rc\n", "a|b|c|"},
+        {"\r\n", "|"}, {"a\n\rb", "a||b|"},
     };
     for (const auto &[text, expected] : cases) {
         QString joined;

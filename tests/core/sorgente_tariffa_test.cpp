@@ -59,18 +59,20 @@ TEST(SorgenteTariffa, FileBytesLoadBackAsTheTable)
 {
     // A byte order mark, a CR LF line, a blank line and trailing empty fields,
     // as a spreadsheet may save them.
-    const QByteArray tabella = "\xef\xbb\xbf"
-                               "categoria\tsottocategoria\tvoce\tnota\tlimite1\n"
-                               "Spese\tSpese\tMarca da bollo\t\t0\t0\t0\t> 0\t0\t0\tINDET.\t0\t0\tIMPORT.\t0\t0\t\t\t\r\n"
-                               "\n"
-                               "Diritti\tAltro\tCaff\xc3\xa0\t\xe2\x82\xac 5\t600\t6\t6\t> 600\t0,02\t0,03\tINDET.\t0\t0\t"
-                               "IMPORT.\t0\t0\n";
+    const QByteArray tabella
+        = "\xef\xbb\xbf"
+          "categoria\tsottocategoria\tvoce\tnota\tlimite1\n"
+          "Spese\tSpese\tMarca da bollo\t\t0\t0\t0\t> 0\t0\t0\tINDET.\t0\t0\tIMPORT.\t0\t0\t\t\t\r\n"
+          "\n"
+          "Diritti\tAltro\tCaff\xc3\xa0\t\xe2\x82\xac 5\t600\t6\t6\t> 600\t0,02\t0,03\tINDET.\t0\t0\t"
+          "IMPORT.\t0\t0\n";
     const FileTariffe file = generaFileTariffe(tabella);
     ASSERT_TRUE(file.errori.isEmpty()) << file.errori.join(QStringLiteral("; ")).toStdString();
-    EXPECT_EQ(file.bytes, QByteArray("Spese\nSpese\nMarca da bollo\n\n0\n0\n0\n> 0\n0\n0\nINDET.\n0\n0\nIMPORT.\n0\n0\n"
-                                     "**********\n"
-                                     "Diritti\nAltro\nCaff\x88\n\xdb 5\n600\n6\n6\n> 600\n0,02\n0,03\nINDET.\n0\n0\n"
-                                     "IMPORT.\n0\n0\n**********\n"));
+    EXPECT_EQ(file.bytes,
+              QByteArray("Spese\nSpese\nMarca da bollo\n\n0\n0\n0\n> 0\n0\n0\nINDET.\n0\n0\nIMPORT.\n0\n0\n"
+                         "**********\n"
+                         "Diritti\nAltro\nCaff\x88\n\xdb 5\n600\n6\n6\n> 600\n0,02\n0,03\nINDET.\n0\n0\n"
+                         "IMPORT.\n0\n0\n**********\n"));
 
     EXPECT_DOUBLE_EQ(fascia(caricaTabella(file.bytes), 2, 1000, Prestabilito).massimo, 0.03);
 }

@@ -21,9 +21,12 @@ QByteArray record(int lines)
 TEST(Tariff, LoadingCountsRowsAsTheReaderMeetsThem)
 {
     const std::pair<const char *, int> cases[] = {
-        {"", 0},                              {"a\nb\nc", 1},                       // no final separator
-        {"a\nb\nc\n**********\n", 1},         {"**********\na\nb\n", 2},            // separator first
-        {"a\n**********\n**********\nb\n", 3}, {"a\rb\r**********\rc\r", 2},        // doubled; CR
+        {"", 0},
+        {"a\nb\nc", 1}, // no final separator
+        {"a\nb\nc\n**********\n", 1},
+        {"**********\na\nb\n", 2}, // separator first
+        {"a\n**********\n**********\nb\n", 3},
+        {"a\rb\r**********\rc\r", 2}, // doubled; CR
         {"a\r\nb\r\n**********\r\nc\r\n", 2},
     };
     for (const auto &[file, rows] : cases)
@@ -50,7 +53,7 @@ TEST(Tariff, PresetsTheLongerRecordsOverwrite)
     EXPECT_THROW(caricaTabella(record(56)), UnhandledFailure);
     // Row 3 is the empty row of the doubled separator.
     const std::tuple<int, int, const char *> cells[] = {
-        {1, 0, "0"},   {1, 52, "v52"},  {1, 53, "0"}, {1, 54, "1"}, {1, 55, ""},
+        {1, 0, "0"},    {1, 52, "v52"}, {1, 53, "0"}, {1, 54, "1"}, {1, 55, ""},
         {2, 53, "v53"}, {2, 54, "v54"}, {3, 1, ""},   {3, 54, "1"}, {0, 3, ""},
     };
     for (const auto &[r, c, text] : cells)
@@ -71,11 +74,11 @@ TEST(Tariff, BandSelection)
                                     "5000\n30\n60\n> 5000\n0,01\n0,02\nINDET.\n40\n80\nIMPORT.\n90\n150\n");
     // value, mode, column, minimum, maximum
     const std::tuple<double, int, int, double, double> cases[] = {
-        {0, Prestabilito, 5, 10, 20},          {1000, Prestabilito, 5, 10, 20},
-        {1000.01, Prestabilito, 8, 30, 60},    {5000, Prestabilito, 8, 30, 60},
-        {8000, Prestabilito, 11, 0.01, 0.02},  {1e12, Prestabilito, 11, 0.01, 0.02},
-        {-5, Prestabilito, 5, 10, 20},         {3000, Indeterminabile, 14, 40, 80},
-        {0, Importante, 17, 90, 150},          {3000, 7, 5, 10, 20},
+        {0, Prestabilito, 5, 10, 20},         {1000, Prestabilito, 5, 10, 20},
+        {1000.01, Prestabilito, 8, 30, 60},   {5000, Prestabilito, 8, 30, 60},
+        {8000, Prestabilito, 11, 0.01, 0.02}, {1e12, Prestabilito, 11, 0.01, 0.02},
+        {-5, Prestabilito, 5, 10, 20},        {3000, Indeterminabile, 14, 40, 80},
+        {0, Importante, 17, 90, 150},         {3000, 7, 5, 10, 20},
     };
     for (const auto &[value, mode, column, min, max] : cases) {
         const Fascia f = fascia(t, 1, value, mode);

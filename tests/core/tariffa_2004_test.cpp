@@ -69,9 +69,12 @@ TEST(Tariffa2004, EveryItemCarriesTheKeysOfTheMenus)
         EXPECT_EQ(dati.at(r, kColValore) + u("|") + dati.at(r, kColQuantita) + dati.at(r, kColNome), u("0|1")) << r;
         ++perCategoria[dati.at(r, 1)];
     }
-    const std::map<QString, int> attese = {{u("Spese"), 12},         {u("Diritti"), 77},
-                                           {u("Onorari giudiziali"), 58}, {u("Ambito penale"), 120},
-                                           {u("Ambito stragiudiziale"), 12}, {u("Acconti"), 2}};
+    const std::map<QString, int> attese = {{u("Spese"), 12},
+                                           {u("Diritti"), 77},
+                                           {u("Onorari giudiziali"), 58},
+                                           {u("Ambito penale"), 120},
+                                           {u("Ambito stragiudiziale"), 12},
+                                           {u("Acconti"), 2}};
     EXPECT_EQ(perCategoria, attese);
     // Items the program looks for by name.
     rigaDi("Spese", "Spese", "Marca da bollo");

@@ -51,17 +51,20 @@ TEST(Crea_stile, BlocksOfBothKindsAtBothSizes)
 {
     // Block 4 of a "Fattura" is block 3 again, and its treatment comes second: the subject at the small size.
     // The title (three lines and a blank) is bold and at the left.
-    const char *const cases[][2]
-        = { { "nota_spese", "s1 Li3 Lb2 L1 s1 sb1 L3" }, { "fattura", "s1 Li3 Lb1 s1 s1 sb1 L3" } };
+    const char *const cases[][2] = {{"nota_spese", "s1 Li3 Lb2 L1 s1 sb1 L3"}, {"fattura", "s1 Li3 Lb1 s1 s1 sb1 L3"}};
     for (const auto &c : cases) {
         const Composed doc = golden(c[0]);
-        for (auto [size1, size2] : { std::pair { 9, 12 }, std::pair { 12, 16 } }) {
+        for (auto [size1, size2] : {std::pair{9, 12}, std::pair{12, 16}}) {
             const StyledText st = styledDocument(doc, size1, size2);
             ASSERT_EQ(st.Text(), doc.text);
             EXPECT_EQ(blocchi(st, doc.sty_f, size1, size2), q(c[1])) << c[0] << " " << size1;
             const auto &z = doc.sty_f;
-            EXPECT_EQ(fonts(st), QStringLiteral("Times New Roman<%1 System<%2 Courier New<%3 Times New Roman<%4 ")
-                                     .arg(z[0][2]).arg(z[0][2] + 1).arg(z[1][2] + 1).arg(z[2][2] + 1));
+            EXPECT_EQ(fonts(st),
+                      QStringLiteral("Times New Roman<%1 System<%2 Courier New<%3 Times New Roman<%4 ")
+                          .arg(z[0][2])
+                          .arg(z[0][2] + 1)
+                          .arg(z[1][2] + 1)
+                          .arg(z[2][2] + 1));
         }
         // The file a saved document gives, byte for byte.
         EXPECT_EQ(RTFData(styledDocument(doc, 9, 12)), readBytes(goldenPath(q(c[0]) + q(".rtf")))) << c[0];
@@ -70,7 +73,7 @@ TEST(Crea_stile, BlocksOfBothKindsAtBothSizes)
 
 TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
 {
-    const StyMap sty_f { { { 0, 0, 7 }, { 1, 1, 9 }, { 2, 2, 14 }, { 3, 3 }, { 4, 4 }, { 5, 4 }, { 5, 6 } } };
-    EXPECT_EQ(
-        blocchi(Crea_stile(q("S\rP\rT\rO\r \r \rF \r"), sty_f, 0, 9, 12), sty_f, 9, 12), q("s1 Li3 Lb2 L1 s1 - L3"));
+    const StyMap sty_f{{{0, 0, 7}, {1, 1, 9}, {2, 2, 14}, {3, 3}, {4, 4}, {5, 4}, {5, 6}}};
+    EXPECT_EQ(blocchi(Crea_stile(q("S\rP\rT\rO\r \r \rF \r"), sty_f, 0, 9, 12), sty_f, 9, 12),
+              q("s1 Li3 Lb2 L1 s1 - L3"));
 }

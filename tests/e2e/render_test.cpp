@@ -29,8 +29,12 @@ QString golden(const QString &file) { return dataPath(u"golden/nota_e_fattura/"_
 
 QStringList exampleBill(const QString &output, const QString &kind = u"nota"_s)
 {
-    return {u"--tariff"_s, golden(u"tariffe_database.txt"_s), u"--user"_s, golden(u"utenza.txt"_s), u"--bill"_s,
-            golden(u"parcella.qX9"_s), u"--date"_s, u"2011-11-16"_s, u"--kind"_s, kind, u"--output"_s, output};
+    return {u"--tariff"_s, golden(u"tariffe_database.txt"_s),
+            u"--user"_s,   golden(u"utenza.txt"_s),
+            u"--bill"_s,   golden(u"parcella.qX9"_s),
+            u"--date"_s,   u"2011-11-16"_s,
+            u"--kind"_s,   kind,
+            u"--output"_s, output};
 }
 
 } // namespace
@@ -93,9 +97,11 @@ TEST(Render, AScanPastColumn55EndsWithStatus1)
 TEST(Render, ComposesTheShippedTariffQuickly)
 {
     QTemporaryDir dir;
-    writeBytes(dir.filePath(u"b.qX9"_s), "***PARCELLA***\rCausa\r**********\rCliente\r**********\r30000\r60\r2\r0\r1\r\r");
+    writeBytes(dir.filePath(u"b.qX9"_s),
+               "***PARCELLA***\rCausa\r**********\rCliente\r**********\r30000\r60\r2\r0\r1\r\r");
     const QStringList args = {u"--tariff"_s, QStringLiteral(LUMETRA_SOURCE_DIR "/Resources/tariffe_database.txt"),
-                              u"--user"_s, golden(u"utenza.txt"_s), u"--bill"_s, dir.filePath(u"b.qX9"_s),
+                              u"--user"_s,   golden(u"utenza.txt"_s),
+                              u"--bill"_s,   dir.filePath(u"b.qX9"_s),
                               u"--output"_s, u"rtf"_s};
     std::vector<qint64> times;
     for (int i = 0; i < 3; ++i) {

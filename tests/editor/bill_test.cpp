@@ -18,15 +18,15 @@ TEST(BillView, CellKindsAndTheTotalRow)
     const VistaParcella v = vista_parcella(dati, u("3000"), Prestabilito);
     ASSERT_EQ(v.righe.size(), 4u);
     QString kinds;
-    for (const Cella& c : v.righe[1])
+    for (const Cella &c : v.righe[1])
         kinds += QString::number(c.tipo) + QString::number(c.allineamento) + u(c.grassetto && c.corsivo ? "B" : "")
             + u(c.spunta ? "V" : "") + u(" ");
     EXPECT_EQ(kinds, u("12 30 12 32B 13 23V "));
     EXPECT_EQ(v.righe[0][ParVoce].testo, u("Notifiche a mezzo posta"));
     EXPECT_EQ(v.righe[1][ParVoce].testo, u("Esame e studio della pratica")); // never with " (*)"
-    EXPECT_EQ(v.righe[2], RigaParcella {});
-    EXPECT_EQ(v.righe[3][ParImporto], (Cella { u("TOTALE:"), TipoTesto, AllineaDestra }));
-    EXPECT_EQ(v.righe[3][ParTotale], (Cella { u("320"), TipoTesto, AllineaDestra, false, true }));
+    EXPECT_EQ(v.righe[2], RigaParcella{});
+    EXPECT_EQ(v.righe[3][ParImporto], (Cella{u("TOTALE:"), TipoTesto, AllineaDestra}));
+    EXPECT_EQ(v.righe[3][ParTotale], (Cella{u("320"), TipoTesto, AllineaDestra, false, true}));
 }
 
 TEST(BillView, UnitValuesAndTheValueOfTheDispute)
@@ -38,24 +38,24 @@ TEST(BillView, UnitValuesAndTheValueOfTheDispute)
         const char *shown, *col53; // shown: coefficient|amount|total
     };
     const Case cases[] = {
-        { kEsameDocumenti, "2", "1", "8000", Prestabilito, "0,02|160|160", "0,02" }, // max past the limit
-        { kEsameDocumenti, "3", "1", "8000", Prestabilito, "0,015|120|120", "0,015" },
-        { kEsameDocumenti, "-1", "1", "8000", Prestabilito, "1|8000|8000", "1" }, // own 1 is a coefficient
-        { kEsameDocumenti, "-1,01", "1", "8000", Prestabilito, "1|1,01|1,01", "1,01" }, // own 1,01 is euro
-        { kEsameDocumenti, "-0,5", "1", "", Prestabilito, "0,5|0|0", "0,5" },
-        { kEsameDocumenti, "1", "3", "Importante", Importante, "1|90|270", "90" },
-        { kEsameDocumenti, "2", "due", "3000", Prestabilito, "1|60|0", "60" }, // letters as quantity
-        { kAccontoPercepito, "-500", "2", "3000", Prestabilito, "1|-500|-1000", "500" }, // advance received
+        {kEsameDocumenti, "2", "1", "8000", Prestabilito, "0,02|160|160", "0,02"}, // max past the limit
+        {kEsameDocumenti, "3", "1", "8000", Prestabilito, "0,015|120|120", "0,015"},
+        {kEsameDocumenti, "-1", "1", "8000", Prestabilito, "1|8000|8000", "1"}, // own 1 is a coefficient
+        {kEsameDocumenti, "-1,01", "1", "8000", Prestabilito, "1|1,01|1,01", "1,01"}, // own 1,01 is euro
+        {kEsameDocumenti, "-0,5", "1", "", Prestabilito, "0,5|0|0", "0,5"},
+        {kEsameDocumenti, "1", "3", "Importante", Importante, "1|90|270", "90"},
+        {kEsameDocumenti, "2", "due", "3000", Prestabilito, "1|60|0", "60"}, // letters as quantity
+        {kAccontoPercepito, "-500", "2", "3000", Prestabilito, "1|-500|-1000", "500"}, // advance received
         // The band search reads the value with Val, the amounts with CDbl.
-        { kEsameDocumenti, "-0,5", "1", "12.5", Prestabilito, "0,5|6|6", "0,5" },
+        {kEsameDocumenti, "-0,5", "1", "12.5", Prestabilito, "0,5|6|6", "0,5"},
     };
-    for (const auto& c : cases) {
+    for (const auto &c : cases) {
         Tabella dati = tariffaPiccola();
         dati.at(c.row, kColStato) = u(c.stato);
         dati.at(c.row, kColQuantita) = u(c.quantita);
         const VistaParcella v = vista_parcella(dati, u(c.valore), c.modo);
         ASSERT_EQ(v.righe.size(), 3u) << c.stato;
-        const auto& r = v.righe[0];
+        const auto &r = v.righe[0];
         EXPECT_EQ(r[ParCoefficiente].testo + u("|") + r[ParImporto].testo + u("|") + r[ParTotale].testo, u(c.shown))
             << c.stato << " " << c.valore;
         EXPECT_EQ(v.righe[2][ParTotale].testo, r[ParTotale].testo) << c.stato;
@@ -71,7 +71,7 @@ TEST(BillView, UnknownStatesKeepColumn53AndBrokenRowsFail)
     EXPECT_EQ(vista_parcella(dati, u("3000"), Prestabilito).righe.at(0)[ParImporto].testo, u("33"));
     EXPECT_EQ(dati.at(kEsameDocumenti, kColValore), u("33"));
 
-    Tabella rotta = tabella({ { u("Spese"), u("Spese"), u("Rotta"), QString(), u("100"), u("1"), u("2") } });
+    Tabella rotta = tabella({{u("Spese"), u("Spese"), u("Rotta"), QString(), u("100"), u("1"), u("2")}});
     rotta.at(1, kColStato) = u("-5");
     EXPECT_NO_THROW(vista_parcella(rotta, u("50"), Prestabilito));
     EXPECT_THROW(vista_parcella(rotta, u("500"), Prestabilito), UnhandledFailure);
@@ -83,21 +83,24 @@ TEST(Pick, WritesStateAndUnitValue)
         int casella;
         const char *cell, *stato, *col53;
     };
-    const Case cases[] = { { RicMin, "30", "1", "30" }, { RicMed, "15,5", "3", "15,5" }, { RicPers, "", "-", "" },
-        { RicPers, "-5", "--5", "-5" }, { -1, "60", "0", "0" } };
-    for (const auto& c : cases) {
+    const Case cases[] = {{RicMin, "30", "1", "30"},
+                          {RicMed, "15,5", "3", "15,5"},
+                          {RicPers, "", "-", ""},
+                          {RicPers, "-5", "--5", "-5"},
+                          {-1, "60", "0", "0"}};
+    for (const auto &c : cases) {
         Tabella dati = tariffaPiccola();
         dati.at(kEsameDocumenti, kColQuantita) = u("3");
         dati.at(kEsameDocumenti, kColNome) = u("Nome");
         scegli_voce(dati, kEsameDocumenti, c.casella, u(c.cell));
         EXPECT_EQ(dati.at(kEsameDocumenti, kColStato) + u("/") + dati.at(kEsameDocumenti, kColValore),
-            u(c.stato) + u("/") + u(c.col53));
+                  u(c.stato) + u("/") + u(c.col53));
         EXPECT_EQ(dati.at(kEsameDocumenti, kColQuantita) + dati.at(kEsameDocumenti, kColNome), u("3Nome"));
     }
 
-    Tabella acconti = tabella({ { u("Acconti"), u("Acconti"), u("ACCONTO DA RICHIEDERE al cliente") },
-        { u("Acconti"), u("Acconti"), u("Acconto da richiede") },
-        { u("Acconti"), u("Acconti"), u("Acconto già percepito, da detrarre in parte") } });
+    Tabella acconti = tabella({{u("Acconti"), u("Acconti"), u("ACCONTO DA RICHIEDERE al cliente")},
+                               {u("Acconti"), u("Acconti"), u("Acconto da richiede")},
+                               {u("Acconti"), u("Acconti"), u("Acconto già percepito, da detrarre in parte")}});
     EXPECT_TRUE(acconto_da_richiedere(acconti, 1) && acconto_percepito(acconti, 3));
     EXPECT_FALSE(acconto_da_richiedere(acconti, 2) || acconto_percepito(acconti, 1));
 }

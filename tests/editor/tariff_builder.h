@@ -9,16 +9,15 @@
 #include <QStringList>
 #include <vector>
 
-
 namespace lumetra::test {
 
-inline QString u(const char* s) { return QString::fromUtf8(s); }
+inline QString u(const char *s) { return QString::fromUtf8(s); }
 
 // One record per entry, each the lines of columns 1, 2, 3...
-inline Tabella tabella(const std::vector<QStringList>& records)
+inline Tabella tabella(const std::vector<QStringList> &records)
 {
     QStringList lines;
-    for (const auto& r : records)
+    for (const auto &r : records)
         lines << r << u("**********");
     return caricaTabella(toMacRoman(lines.join(QLatin1Char('\n'))));
 }

@@ -47,7 +47,8 @@ TEST(RtfReader, Documents)
         {"{\\rtf1 a\\'7d b}", u"a/1"_s},
         {"{\\rtf1 \\'7b\\'5cb x} y}", u"<b>x| y/1"_s},
         // Tables: their braces stay open and swallow the byte behind them.
-        {"{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red255\\green0\\blue0;}\\f0\\cf1 x}y", u"<Arial #ff0000>x|y/1"_s},
+        {"{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red255\\green0\\blue0;}\\f0\\cf1 x}y",
+         u"<Arial #ff0000>x|y/1"_s},
         {"{\\rtf1{\\fonttbl{\\f0 A;}}xy{\\colortbl;}zw}", u"yw/1"_s},
         {"{\\rtf1{\\fonttbl{\\f0 Arial", u"/"_s},
         {"{\\rtf1{\\fonttbl{\\f0;}{\\f1 Arial;}}\\f1 a\\f0 b\\f7 c}", u"<Arial>abc/1"_s},
@@ -102,7 +103,8 @@ TEST(RtfReader, LibreOfficeDocuments)
          "Dopo una riga vuota {graffe} e \\ barra.¶/1111"_s},
     };
     for (const auto &[file, expected] : cases)
-        EXPECT_EQ(describe(read(test::readBytes(test::dataPath(u"rtf/"_s + QLatin1StringView(file))))), expected) << file;
+        EXPECT_EQ(describe(read(test::readBytes(test::dataPath(u"rtf/"_s + QLatin1StringView(file))))), expected)
+            << file;
 }
 
 // The inputs the fuzzer found (tests/fuzz), read in every build: none may fail

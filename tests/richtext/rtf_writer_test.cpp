@@ -24,7 +24,8 @@ StyledText doc(std::initializer_list<StyleRun> runs, std::initializer_list<int> 
     return t;
 }
 
-const QByteArray kHead = "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
+const QByteArray kHead
+    = "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
 const QByteArray kBlack = "}{\\colortbl\\red0\\green0\\blue0;}\\uc0 ";
 
 } // namespace
@@ -36,8 +37,8 @@ TEST(RTFData, WholeDocuments)
         {example, kHead + "\\qc\\b\\f0\\fs24 Citt\\u224 }"},
         {StyledText(), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl}{\\colortbl}\\uc0 }"},
         // A run ending with a line break, in the default style, with the characters to escape.
-        {StyledText(u"a\\b{c}"_s + CR), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil System;}" + kBlack
-                                             + "\\f0 a\\\\b\\{c\\}\\par }"},
+        {StyledText(u"a\\b{c}"_s + CR),
+         "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil System;}" + kBlack + "\\f0 a\\\\b\\{c\\}\\par }"},
         // Equal neighbours write no control words between them.
         {doc({{u"ab"_s, arial}, {u"cd"_s, arial}}), kHead + "\\f0 abcd}"},
         {doc({{u"x"_s, {.font = QString()}}}), "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil ;}" + kBlack + "x}"},
@@ -51,7 +52,8 @@ TEST(RTFData, WholeDocuments)
               {u"d"_s, {.font = u"Arial"_s, .size = 9}}}),
          kHead + "\\b\\f0\\fs24 a\\b0\\i\\fs21 b\\i0\\ul\\fs21 c\\ul0\\fs18 d}"},
         // Colours numbered by first use, with no blank first entry.
-        {doc({{u"r"_s, {.font = u"Arial"_s, .textColor = 0xff0000}}, {u"k"_s, arial},
+        {doc({{u"r"_s, {.font = u"Arial"_s, .textColor = 0xff0000}},
+              {u"k"_s, arial},
               {u"g"_s, {.font = u"Arial"_s, .textColor = 0x00ff80}}}),
          "{\\rtf1\\ansi\\ansicpg256{\\fonttbl{\\f0\\fnil Arial;}}"
          "{\\colortbl\\red255\\green0\\blue0;\\red0\\green0\\blue0;\\red0\\green255\\blue128;}\\uc0 "

@@ -27,8 +27,12 @@ inline Tabella tabella(std::initializer_list<Voce> voci)
     Tabella dati;
     for (const Voce &v : voci) {
         const int r = dati.addRow();
-        for (auto [col, text] : { std::pair { kColCategoria, v.categoria }, { kColVoce, v.testo },
-                 { kColStato, v.stato }, { kColValore, v.valore }, { kColQuantita, v.quantita }, { kColNome, v.nome } })
+        for (auto [col, text] : {std::pair{kColCategoria, v.categoria},
+                                 {kColVoce, v.testo},
+                                 {kColStato, v.stato},
+                                 {kColValore, v.valore},
+                                 {kColQuantita, v.quantita},
+                                 {kColNome, v.nome}})
             dati.at(r, col) = q(text);
     }
     return dati;
@@ -51,13 +55,13 @@ inline QString goldenPath(const QString &file) { return dataPath(q("golden/nota_
 // A golden document, "nota_spese" or "fattura": its text, style map and kind.
 struct Composed {
     QString text;
-    StyMap sty_f {};
+    StyMap sty_f{};
     int elab;
 };
 
 inline Composed golden(const char *name)
 {
-    Composed doc { QString::fromUtf8(readBytes(goldenPath(q(name) + q(".txt")))), {}, q(name) == q("fattura") };
+    Composed doc{QString::fromUtf8(readBytes(goldenPath(q(name) + q(".txt")))), {}, q(name) == q("fattura")};
     const QStringList numbers
         = QString::fromUtf8(readBytes(goldenPath(q(name) + q(".sty_f")))).simplified().split(QLatin1Char(' '));
     for (qsizetype i = 0; i < numbers.size(); ++i)

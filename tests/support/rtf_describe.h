@@ -9,7 +9,6 @@
 #include <QStringList>
 #include <ostream>
 
-
 namespace lumetra::test {
 
 inline QString describe(const StyledText &t)

@@ -28,9 +28,6 @@ inline void writeBytes(const QString &path, const QByteArray &bytes)
     f.write(bytes);
 }
 
-inline QString dataPath(const QString &relative)
-{
-    return QStringLiteral(LUMETRA_TEST_DATA "/") + relative;
-}
+inline QString dataPath(const QString &relative) { return QStringLiteral(LUMETRA_TEST_DATA "/") + relative; }
 
 } // namespace lumetra::test

@@ -26,9 +26,9 @@ public:
     QStringList messages;
     QStringList filters;
     QStringList proposals;
-    std::deque<QString> openAnswers;  // empty text: cancel
-    std::deque<QString> saveAnswers;  // empty text: cancel
-    std::deque<bool> printAnswers;    // false: cancel
+    std::deque<QString> openAnswers; // empty text: cancel
+    std::deque<QString> saveAnswers; // empty text: cancel
+    std::deque<bool> printAnswers; // false: cancel
     std::function<void(QPrinter &)> configurePrinter;
 };
 

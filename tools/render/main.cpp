@@ -30,10 +30,10 @@ namespace {
 
 using namespace lumetra;
 
-const char *kUsage =
-    "usage: lumetra-render --tariff FILE --user FILE --bill FILE [--mode 0|1|2] [--kind nota|fattura]\n"
-    "                      [--date YYYY-MM-DD] [--decimal-mark ,|.]\n"
-    "                      --output text|rtf|sty|bill|listing [--category TEXT --subcategory TEXT [--search TEXT]]\n";
+const char *kUsage
+    = "usage: lumetra-render --tariff FILE --user FILE --bill FILE [--mode 0|1|2] [--kind nota|fattura]\n"
+      "                      [--date YYYY-MM-DD] [--decimal-mark ,|.]\n"
+      "                      --output text|rtf|sty|bill|listing [--category TEXT --subcategory TEXT [--search TEXT]]\n";
 
 struct Options {
     QString tariff, user, bill;
@@ -57,12 +57,11 @@ Options parse(const QStringList &args)
 {
     Options o;
     QHash<QString, QString> values;
-    static const QStringList known = {QStringLiteral("--tariff"),   QStringLiteral("--user"),
-                                      QStringLiteral("--bill"),     QStringLiteral("--mode"),
-                                      QStringLiteral("--kind"),     QStringLiteral("--date"),
-                                      QStringLiteral("--decimal-mark"), QStringLiteral("--output"),
-                                      QStringLiteral("--category"), QStringLiteral("--subcategory"),
-                                      QStringLiteral("--search")};
+    static const QStringList known
+        = {QStringLiteral("--tariff"),       QStringLiteral("--user"),   QStringLiteral("--bill"),
+           QStringLiteral("--mode"),         QStringLiteral("--kind"),   QStringLiteral("--date"),
+           QStringLiteral("--decimal-mark"), QStringLiteral("--output"), QStringLiteral("--category"),
+           QStringLiteral("--subcategory"),  QStringLiteral("--search")};
     for (int i = 1; i < args.size(); ++i) {
         const QString &flag = args[i];
         if (!known.contains(flag))
@@ -124,7 +123,8 @@ QByteArray readFile(const QString &path, const char *what)
 {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly))
-        throw ReadError{QStringLiteral("cannot read the %1 %2: %3").arg(QString::fromLatin1(what), path, f.errorString())};
+        throw ReadError{
+            QStringLiteral("cannot read the %1 %2: %3").arg(QString::fromLatin1(what), path, f.errorString())};
     return f.readAll();
 }
 

@@ -14,8 +14,8 @@ const QString kSeparatore = QStringLiteral("**********");
 const QString kIndet = QStringLiteral("INDET.");
 const QString kImport = QStringLiteral("IMPORT.");
 const QString kAperta = QStringLiteral("> ");
-constexpr int kPrimaFascia = 5;  // column of the first limit
-constexpr int kMaxColonne = 52;  // 4 texts and 16 bands
+constexpr int kPrimaFascia = 5; // column of the first limit
+constexpr int kMaxColonne = 52; // 4 texts and 16 bands
 
 // Figures as the program reads them with its decimal comma, and nothing else:
 // a point would be read as a group sign, so "0.02" would become 0.

@@ -27,8 +27,8 @@ using RecordTariffa = QStringList;
 QStringList difettiRecord(const RecordTariffa &record);
 
 struct FileTariffe {
-    QByteArray bytes;    // tariffe_database.txt, empty when there are errors
-    QStringList errori;  // each one "riga N: ..."
+    QByteArray bytes; // tariffe_database.txt, empty when there are errors
+    QStringList errori; // each one "riga N: ..."
 };
 
 // The Mac Roman bytes of the tariff file: one value per line, LF line ends,

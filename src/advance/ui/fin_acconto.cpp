@@ -3,11 +3,11 @@
 #include "advance/advance.h"
 #include "core/globali.h"
 #include "core/text_functions.h"
-#include "editor/value_filter.h"
+#include "core/ui/look.h"
 #include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
-#include "core/ui/look.h"
+#include "editor/value_filter.h"
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -58,8 +58,7 @@ fin_acconto::fin_acconto() : QDialog(finestra::existing())
     setWindowTitle(QStringLiteral("Computa Acconto"));
 
     StaticText6 = etichetta(this, "StaticText6", {10, 10, 280, 38},
-                            "Inserire il totale lordo per\ncalcolare l'acconto o viceversa", Qt::AlignHCenter,
-                            kGrigio);
+                            "Inserire il totale lordo per\ncalcolare l'acconto o viceversa", Qt::AlignHCenter, kGrigio);
     StaticText1 = etichetta(this, "StaticText1", {0, 61, 140, 20}, "Acconto €", Qt::AlignRight, kGrigio);
     EditQNL[0] = campo(this, 0, {150, 60, 140, 22});
     StaticText2 = etichetta(this, "StaticText2", {0, 101, 140, 20}, "4% C.P.A. €", Qt::AlignRight, kGrigio);

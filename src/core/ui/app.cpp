@@ -2,26 +2,26 @@
 
 #include "core/bill_file.h"
 #include "core/failure.h"
-#include "core/globali.h"
 #include "core/file_types.h"
+#include "core/globali.h"
 #include "core/ui/dialogs.h"
 #include "core/ui/fin_avverti.h"
-#include "core/ui/menubar.h"
 #include "core/ui/fin_dati_utente.h"
+#include "core/ui/menubar.h"
 #include "core/user_data.h"
 #include "editor/ui/edit_field.h"
+#include "editor/ui/finestra.h"
 #include "help/ui/fin_aiuto.h"
 #include "help/ui/finestrainfo.h"
-#include "editor/ui/finestra.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
-#include <QThread>
 #include <QFileOpenEvent>
 #include <QMessageBox>
 #include <QTextStream>
+#include <QThread>
 #include <cstdio>
 #include <cstdlib>
 

@@ -45,7 +45,6 @@ protected:
     bool event(QEvent *event) override;
 
 public:
-
     // Tells the user and ends the program with status 1. Tests replace the
     // visible part through failureSink().
     [[noreturn]] static void reportFailure(const QString &reason);

@@ -13,10 +13,7 @@ namespace {
 Dialogs g_platform;
 Dialogs *g_current = &g_platform;
 
-QString dialogFolder()
-{
-    return QDir::homePath();
-}
+QString dialogFolder() { return QDir::homePath(); }
 } // namespace
 
 void Dialogs::messageBox(const QString &text)

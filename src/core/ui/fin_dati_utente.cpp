@@ -48,9 +48,9 @@ fin_dati_utente::fin_dati_utente()
     coloreTesto(heading, Qt::black);
 
     const Etichetta labels[] = {
-        {"StaticText6", 9, 160, 120, "Intestazione:"},     {"StaticText7", 9, 195, 120, "Indirizzo:"},
-        {"StaticText8", 9, 230, 120, "C.A.P. e Città:"},   {"StaticText9", 89, 265, 40, "Tel.:"},
-        {"StaticText10", 293, 265, 40, "Fax.:"},           {"StaticText11", 9, 300, 120, "em@il:"},
+        {"StaticText6", 9, 160, 120, "Intestazione:"},    {"StaticText7", 9, 195, 120, "Indirizzo:"},
+        {"StaticText8", 9, 230, 120, "C.A.P. e Città:"},  {"StaticText9", 89, 265, 40, "Tel.:"},
+        {"StaticText10", 293, 265, 40, "Fax.:"},          {"StaticText11", 9, 300, 120, "em@il:"},
         {"StaticText13", 9, 333, 120, "Partita I.V.A.:"}, {"StaticText14", 9, 370, 120, "Codice Fiscale:"},
     };
     for (const auto &l : labels) {

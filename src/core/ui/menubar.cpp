@@ -22,7 +22,10 @@ QAction *addItem(QMenu *menu, const char *name, const QString &text, const QKeyS
     return action;
 }
 
-void addNamedSeparator(QMenu *menu, const char *name) { menu->addSeparator()->setObjectName(QString::fromLatin1(name)); }
+void addNamedSeparator(QMenu *menu, const char *name)
+{
+    menu->addSeparator()->setObjectName(QString::fromLatin1(name));
+}
 
 // The standard editing of the focused text field.
 template <class LineFn, class TextFn>
@@ -90,8 +93,12 @@ void MenuBar1::Untitled1()
             &QAction::triggered, this,
             [] { onFocusedField([](auto *f) { f->paste(); }, [](auto *f) { f->paste(); }); });
     connect(addItem(MenuModifica, "ModificaCancella", QStringLiteral("Elimina")), &QAction::triggered, this, [] {
-        onFocusedField([](QLineEdit *f) { if (f->hasSelectedText()) f->del(); },
-                       [](auto *f) { f->textCursor().removeSelectedText(); });
+        onFocusedField(
+            [](QLineEdit *f) {
+                if (f->hasSelectedText())
+                    f->del();
+            },
+            [](auto *f) { f->textCursor().removeSelectedText(); });
     });
     addNamedSeparator(MenuModifica, "UntitledMenu0");
     connect(addItem(MenuModifica, "ModificaSelezionaTutto", QStringLiteral("Seleziona tutto"),
@@ -105,9 +112,9 @@ void MenuBar1::Untitled2()
     AiutoMenu = addMenu(QStringLiteral("Aiuto"));
     AiutoMenu->setObjectName(QStringLiteral("AiutoMenu"));
     App *app = App::instance();
-    connect(addItem(AiutoMenu, "AiutoMostraaiuto", QStringLiteral("Mostra aiuto"),
-                    QKeySequence(QStringLiteral("Ctrl+?"))),
-            &QAction::triggered, app, &App::_AiutoMostraaiuto_Action);
+    connect(
+        addItem(AiutoMenu, "AiutoMostraaiuto", QStringLiteral("Mostra aiuto"), QKeySequence(QStringLiteral("Ctrl+?"))),
+        &QAction::triggered, app, &App::_AiutoMostraaiuto_Action);
     connect(addItem(AiutoMenu, "AiutoInfo", QStringLiteral("Info.."), {}, QAction::AboutRole), &QAction::triggered, app,
             &App::_AiutoInfo_Action);
 }

@@ -39,7 +39,7 @@ void fin_elaborazione::esporta_su_word()
         range->dynamicCall("Paste");
     if (failed)
         dialogs().messageBox(QStringLiteral("Errore con Microsoft Word!"));
-    // Word stays open with the new document; only our reference is released.
+        // Word stays open with the new document; only our reference is released.
 #endif
 }
 

@@ -119,8 +119,8 @@ void EditText::keyPressEvent(QKeyEvent *event)
         return;
     const QString typed = event->text();
     const bool inserts = !isReadOnly() && !typed.isEmpty()
-                         && (typed.at(0).isPrint() || typed.at(0) == QChar(13) || typed.at(0) == QLatin1Char('\n'))
-                         && !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier));
+        && (typed.at(0).isPrint() || typed.at(0) == QChar(13) || typed.at(0) == QLatin1Char('\n'))
+        && !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier));
     if (inserts && room() < typed.size())
         return;
     QPlainTextEdit::keyPressEvent(event);
@@ -148,8 +148,7 @@ void EditText::inputMethodEvent(QInputMethodEvent *event)
     if (m_limit > 0 && !event->commitString().isEmpty() && room() < event->commitString().size()) {
         const qsizetype space = std::max<qsizetype>(room(), 0);
         QInputMethodEvent cut(event->preeditString(), event->attributes());
-        cut.setCommitString(event->commitString().left(space), event->replacementStart(),
-                            event->replacementLength());
+        cut.setCommitString(event->commitString().left(space), event->replacementStart(), event->replacementLength());
         QPlainTextEdit::inputMethodEvent(&cut);
         return;
     }

@@ -4,14 +4,14 @@
 #include "core/globali.h"
 #include "core/text_functions.h"
 #include "core/ui/app.h"
+#include "core/ui/look.h"
 #include "document/ui/fin_elaborazione.h"
 #include "editor/bill.h"
 #include "editor/categories.h"
 #include "editor/listing.h"
-#include "editor/value_filter.h"
 #include "editor/ui/edit_field.h"
 #include "editor/ui/listbox.h"
-#include "core/ui/look.h"
+#include "editor/value_filter.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -101,8 +101,7 @@ QPushButton *pulsante(QWidget *parent, const char *name, QRect geometry, const c
     return b;
 }
 
-Listbox *lista(QWidget *parent, const char *name, QRect geometry, const QStringList &headings,
-               const QList<int> &widths)
+Listbox *lista(QWidget *parent, const char *name, QRect geometry, const QStringList &headings, const QList<int> &widths)
 {
     auto *l = new Listbox(parent);
     l->setObjectName(QString::fromLatin1(name));
@@ -227,8 +226,8 @@ void finestra::creaControlli()
                               "digitato."));
 
     Listbox1 = lista(a, "Listbox1", {11, 461, 984, 170},
-                     {QStringLiteral("Rif."), QStringLiteral("Voce"), QStringLiteral("Fino a €"),
-                      QStringLiteral("Min"), QStringLiteral("Max"), QStringLiteral("Med"), QStringLiteral("Pers.")},
+                     {QStringLiteral("Rif."), QStringLiteral("Voce"), QStringLiteral("Fino a €"), QStringLiteral("Min"),
+                      QStringLiteral("Max"), QStringLiteral("Med"), QStringLiteral("Pers.")},
                      {28, 580, 72, 72, 72, 72, 72});
     Listbox1->setToolTip(tag("In questa finestra sono elencate le voci per la categoria prescelta.\r"
                              "Per aggiungere una voce alla propria parcella, selezionare il check-box della voce "
@@ -275,8 +274,8 @@ void finestra::collegaHandler()
 void finestra::ordinaTabulazione()
 {
     // By tab index; EditNota shares index 1 with EditField2 and comes after it.
-    const QWidget *ordine[] = {EditField2, EditNota,  EditField1,  PopImport, EditQuantum, Listbox2, checkiva,
-                               PushCrea[1], PushCrea[0], PopCatA, PopCatB, EditCerca, Listbox1, checkrite};
+    const QWidget *ordine[] = {EditField2,  EditNota,    EditField1, PopImport, EditQuantum, Listbox2, checkiva,
+                               PushCrea[1], PushCrea[0], PopCatA,    PopCatB,   EditCerca,   Listbox1, checkrite};
     for (size_t i = 1; i < std::size(ordine); ++i)
         setTabOrder(const_cast<QWidget *>(ordine[i - 1]), const_cast<QWidget *>(ordine[i]));
 }

@@ -53,12 +53,12 @@ finestrainfo::finestrainfo()
     pal.setColor(QPalette::Window, QColor(0xe6, 0xe6, 0xe6));
     setPalette(pal);
 
-    StaticText1 = label(this, "StaticText1", QStringLiteral("Lumetra\n v1.5.1 (11/2011)"), {0, 7, 260, 34}, true,
+    StaticText1
+        = label(this, "StaticText1", QStringLiteral("Lumetra\n v1.5.1 (11/2011)"), {0, 7, 260, 34}, true, Qt::black);
+    StaticText2 = label(this, "StaticText2", QStringLiteral("Realizzato dal progetto Lumetra"), {0, 45, 260, 16}, false,
                         Qt::black);
-    StaticText2 = label(this, "StaticText2", QStringLiteral("Realizzato dal progetto Lumetra"), {0, 45, 260, 16},
-                        false, Qt::black);
-    StaticText3 = label(this, "StaticText3", kContactAddress.toString(), {20, 70, 220, 16}, true,
-                        QColor(0x00, 0x00, 0xff));
+    StaticText3
+        = label(this, "StaticText3", kContactAddress.toString(), {20, 70, 220, 16}, true, QColor(0x00, 0x00, 0xff));
     StaticText3->installEventFilter(this);
 
     PushButton1 = new QPushButton(QStringLiteral("Chiudi"), this);

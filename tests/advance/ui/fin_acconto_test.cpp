@@ -11,13 +11,13 @@ namespace {
 class AccontoTest : public FinestraTest {
 protected:
     // Ticks "Pers." on the advance to be requested; `inside` runs in the open calculator.
-    void apri(const std::function<void(fin_acconto&)>& inside)
+    void apri(const std::function<void(fin_acconto &)> &inside)
     {
         scegli(kAcconti);
         row = riga(w->Listbox1, kAccontoRichiesto);
         bool opened = false;
-        onNextModal([&](QWidget* modal) {
-            auto* calc = qobject_cast<fin_acconto*>(modal);
+        onNextModal([&](QWidget *modal) {
+            auto *calc = qobject_cast<fin_acconto *>(modal);
             ASSERT_NE(calc, nullptr);
             opened = true;
             inside(*calc);
@@ -29,7 +29,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(w));
     }
 
-    static QString figures(fin_acconto& c, int other)
+    static QString figures(fin_acconto &c, int other)
     {
         return c.StaticTcpa->text() + u("|") + c.StaticTiva2->text() + u("|") + c.EditQNL[size_t(other)]->Text();
     }
@@ -42,11 +42,10 @@ protected:
 TEST_F(AccontoTest, NetSumTypedGoesOnTheBill)
 {
     valore(u("3000"));
-    apri([&](fin_acconto& c) {
+    apri([&](fin_acconto &c) {
         EXPECT_EQ(c.windowTitle(), u("Computa Acconto"));
-        const auto& a = globali().acconto_calcolato;
-        EXPECT_EQ(
-            QStringList({ a[0], a[1], a[2], a[3] }), (QStringList { u("0"), QString::number(row), u("6"), u("15") }));
+        const auto &a = globali().acconto_calcolato;
+        EXPECT_EQ(QStringList({a[0], a[1], a[2], a[3]}), (QStringList{u("0"), QString::number(row), u("6"), u("15")}));
         EXPECT_FALSE(w->Listbox1->inModifica()); // the typing in the cell ended when the calculator came
         digita(c.EditQNL[0], u("1000"));
         EXPECT_EQ(figures(c, 1), u("40,00|218,40|1258,40"));
@@ -61,7 +60,7 @@ TEST_F(AccontoTest, NetSumTypedGoesOnTheBill)
 
 TEST_F(AccontoTest, GrossSumTypedGivesTheNet)
 {
-    apri([&](fin_acconto& c) {
+    apri([&](fin_acconto &c) {
         c.EditQNL[1]->selectAll(); // the user selects the gross field's text
         digita(c.EditQNL[1], u("1258,40"));
         EXPECT_EQ(c.EditQNL[1]->Text(), u("1258.40")); // the comma became a point
@@ -75,7 +74,7 @@ TEST_F(AccontoTest, GrossSumTypedGivesTheNet)
 TEST_F(AccontoTest, WithoutIvaAndClosingWithoutTypingLeavesTheItemOff)
 {
     w->checkiva->click();
-    apri([&](fin_acconto& c) {
+    apri([&](fin_acconto &c) {
         EXPECT_EQ(c.StaticTiva2->text(), u("non imponibile"));
         EXPECT_FALSE(c.StaticTiva1->isEnabled() || c.StaticTiva2->isEnabled());
         QTest::keyClick(&c, Qt::Key_Escape);
@@ -86,7 +85,7 @@ TEST_F(AccontoTest, WithoutIvaAndClosingWithoutTypingLeavesTheItemOff)
 
 TEST_F(AccontoTest, APasteBeforeAnyKeyComputesNothing)
 {
-    apri([&](fin_acconto& c) {
+    apri([&](fin_acconto &c) {
         QApplication::clipboard()->setText(u("500,5"));
         c.EditQNL[0]->selectAll();
         c.EditQNL[0]->paste(); // from the menu, with the mouse: not filtered either

@@ -153,13 +153,20 @@ TEST_F(Commands, DocumentsFromTheDesktopTurnVatOn)
 TEST_F(Commands, MenuItemsAndTheirShortcuts)
 {
     const std::tuple<const char *, const char *, const char *> cases[] = {
-        {"ArchivioNuovo", "Nuovo", "Ctrl+N"},        {"ArchivioApri", "Apri..", "Ctrl+O"},
-        {"ArchivioRegistra", "Registra", "Ctrl+S"},  {"ArchivioRegistracome", "Registra come..", ""},
-        {"ArchivioDatiUtente", "Dati Utente..", "Ctrl+U"}, {"FileQuit", "Esci", "Ctrl+Q"},
-        {"ModificaAnnulla", "Annulla", "Ctrl+Z"},    {"ModificaTaglia", "Taglia", "Ctrl+X"},
-        {"ModificaCopia", "Copia", "Ctrl+C"},        {"ModificaIncolla", "Incolla", "Ctrl+V"},
-        {"ModificaCancella", "Elimina", ""},         {"ModificaSelezionaTutto", "Seleziona tutto", "Ctrl+A"},
-        {"AiutoMostraaiuto", "Mostra aiuto", "Ctrl+?"}, {"AiutoInfo", "Info..", ""},
+        {"ArchivioNuovo", "Nuovo", "Ctrl+N"},
+        {"ArchivioApri", "Apri..", "Ctrl+O"},
+        {"ArchivioRegistra", "Registra", "Ctrl+S"},
+        {"ArchivioRegistracome", "Registra come..", ""},
+        {"ArchivioDatiUtente", "Dati Utente..", "Ctrl+U"},
+        {"FileQuit", "Esci", "Ctrl+Q"},
+        {"ModificaAnnulla", "Annulla", "Ctrl+Z"},
+        {"ModificaTaglia", "Taglia", "Ctrl+X"},
+        {"ModificaCopia", "Copia", "Ctrl+C"},
+        {"ModificaIncolla", "Incolla", "Ctrl+V"},
+        {"ModificaCancella", "Elimina", ""},
+        {"ModificaSelezionaTutto", "Seleziona tutto", "Ctrl+A"},
+        {"AiutoMostraaiuto", "Mostra aiuto", "Ctrl+?"},
+        {"AiutoInfo", "Info..", ""},
     };
     for (const auto &[name, text, shortcut] : cases) {
         QAction *a = item(name);

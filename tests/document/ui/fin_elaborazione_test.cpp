@@ -29,11 +29,12 @@ protected:
     void SetUp() override
     {
         UiTest::SetUp();
-        for (auto [from, to] : { std::pair { "tariffe_database.txt", "tariffe_database.txt" },
-                 { "utenza.txt", "utenza.txt" }, { "parcella.qX9", "Causa.qX9" } })
+        for (auto [from, to] : {std::pair{"tariffe_database.txt", "tariffe_database.txt"},
+                                {"utenza.txt", "utenza.txt"},
+                                {"parcella.qX9", "Causa.qX9"}})
             copyData(q("golden/nota_e_fattura/") + q(from), q(to));
         App::instance()->Event_Open();
-        fake.openAnswers = { folderPath(q("Causa.qX9")) };
+        fake.openAnswers = {folderPath(q("Causa.qX9"))};
         App::instance()->_ArchivioApri_Action();
     }
     // A "Nota spese - Competenze" in its window, not modal.
@@ -69,7 +70,7 @@ QByteArray run(const QString &program, const QStringList &arguments)
 // The window composes the document once and styles it twice; "Chiudi" and the close box both end the modal run.
 TEST_F(Elaborazione, OpensWithTheDocumentStyledTwiceAndClosesBackToTheMainWindow)
 {
-    for (int elab : { 0, 1 }) {
+    for (int elab : {0, 1}) {
         globali().elab = elab;
         finestra::instance().hide();
         onNextModal([&](QWidget *modal) {
@@ -102,7 +103,7 @@ TEST_F(Elaborazione, CopiaPutsRichAndPlainTextWithoutAlignments)
     ASSERT_NE(mime, nullptr);
     EXPECT_EQ(mime->text(), mostrato(w.EditF).Text().replace(QChar(13), QLatin1Char('\n')));
     EXPECT_FALSE(mime->html().contains(q("align=")));
-    for (const char *style : { "font-family:'Times New Roman'", "font-size:9pt", "font-size:12pt" })
+    for (const char *style : {"font-family:'Times New Roman'", "font-size:9pt", "font-size:12pt"})
         EXPECT_TRUE(mime->html().contains(q(style))) << style;
     EXPECT_FALSE(w.EditF->textCursor().hasSelection());
 }
@@ -112,11 +113,11 @@ TEST_F(Elaborazione, RegistraRtfWritesWhatEditFHolds)
     fin_elaborazione &w = apri();
     globali().nome_attuale = q("Causa.qX9");
     premi(w, 2); // cancelled
-    EXPECT_EQ(fake.proposals, QStringList { q("Causa.rtf") });
+    EXPECT_EQ(fake.proposals, QStringList{q("Causa.rtf")});
     EXPECT_EQ(fake.filters.last(), q("text/rtf (*.rtf)"));
 
     // Untouched: the writer's output on the composed model, byte for byte.
-    fake.saveAnswers = { folderPath(q("intatto.rtf")) };
+    fake.saveAnswers = {folderPath(q("intatto.rtf"))};
     premi(w, 2);
     EXPECT_EQ(readBytes(folderPath(q("intatto.rtf"))), oggi(q("nota_spese.rtf")));
 
@@ -124,7 +125,7 @@ TEST_F(Elaborazione, RegistraRtfWritesWhatEditFHolds)
     w.EditF->moveCursor(QTextCursor::End);
     QTest::sendKeyEvent(QTest::Click, w.EditF, Qt::Key_unknown, q("Ω"), Qt::NoModifier);
     QTest::keyClick(w.EditF, Qt::Key_K);
-    fake.saveAnswers = { folderPath(q("ritoccato.rtf")) };
+    fake.saveAnswers = {folderPath(q("ritoccato.rtf"))};
     premi(w, 2);
     EXPECT_TRUE(readBytes(folderPath(q("ritoccato.rtf"))).endsWith("\\u937 k}"));
 
@@ -137,7 +138,7 @@ TEST_F(Elaborazione, FileThatCannotBeCreatedEndsTheProgramThroughTheOneHandler)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     fin_elaborazione &w = apri();
-    fake.saveAnswers = { folderPath(q("manca/cartella/Parcella.rtf")) };
+    fake.saveAnswers = {folderPath(q("manca/cartella/Parcella.rtf"))};
     App::failureSink() = nullptr;
     EXPECT_EXIT(premi(w, 2), testing::ExitedWithCode(1), "Errore imprevisto: impossibile scrivere il file");
 }
@@ -154,7 +155,7 @@ TEST_F(Elaborazione, StampaPrintsWhatEditFHolds)
     EXPECT_FALSE(QFile::exists(pdf));
 
     QTextCursor(w.EditF->document()).insertText(q("RITOCCO "));
-    fake.printAnswers = { true };
+    fake.printAnswers = {true};
     premi(w, 4);
     EXPECT_TRUE(readBytes(pdf).startsWith("%PDF"));
 }
@@ -164,7 +165,7 @@ TEST(StampaBozza, PagesAreBlocksOf720Points)
     // 100 lines of 12 points: more than one block of 720, less than two.
     StyledText text;
     for (int i = 0; i < 100; ++i)
-        text.AppendStyleRun({ QStringLiteral("riga %1\r").arg(i), TextStyle { .size = 12 } });
+        text.AppendStyleRun({QStringLiteral("riga %1\r").arg(i), TextStyle{.size = 12}});
     QTextDocument document;
     setStyledText(document, text);
     QTemporaryDir dir;
@@ -183,12 +184,12 @@ TEST_F(Elaborazione, LibreOfficeKeepsTextFontsAndSizesOfTheSavedRtf)
     if (soffice.isEmpty() || QStandardPaths::findExecutable(q("pdftotext")).isEmpty())
         GTEST_SKIP() << "LibreOffice (soffice) or poppler-utils not installed";
     fin_elaborazione &w = apri();
-    fake.saveAnswers = { folderPath(q("Parcella.rtf")) };
+    fake.saveAnswers = {folderPath(q("Parcella.rtf"))};
     premi(w, 2);
     const auto convert = [&](const char *filter, const char *extension) {
         run(soffice,
-            { q("-env:UserInstallation=file://") + folderPath(q("profilo")), q("--headless"), q("--convert-to"),
-                q(filter), q("--outdir"), dir.path(), folderPath(q("Parcella.rtf")) });
+            {q("-env:UserInstallation=file://") + folderPath(q("profilo")), q("--headless"), q("--convert-to"),
+             q(filter), q("--outdir"), dir.path(), folderPath(q("Parcella.rtf"))});
         return folderPath(q("Parcella.") + q(extension));
     };
 
@@ -197,16 +198,16 @@ TEST_F(Elaborazione, LibreOfficeKeepsTextFontsAndSizesOfTheSavedRtf)
 
     // The faces: italic for place and client, bold serif for the title, bold monospaced for the summary.
     const QString pdf = convert("pdf", "pdf");
-    const QByteArray fonts = run(q("pdffonts"), { pdf });
+    const QByteArray fonts = run(q("pdffonts"), {pdf});
     for (const char *face :
-        { "LiberationSerif-Italic", "LiberationSerif-Bold", "LiberationMono-Bold", "LiberationMono " })
+         {"LiberationSerif-Italic", "LiberationSerif-Bold", "LiberationMono-Bold", "LiberationMono "})
         EXPECT_TRUE(fonts.contains(face)) << face << "\n" << fonts.toStdString();
 
     // The sizes: the sender at 9 points, the title at 12.
     static const QRegularExpression word(q("<word xMin=\"[\\d.]+\" yMin=\"([\\d.]+)\" xMax=\"[\\d.]+\" "
                                            "yMax=\"([\\d.]+)\">([^<]*)</word>"));
     std::map<QString, double> heights;
-    for (const auto &m : word.globalMatch(QString::fromUtf8(run(q("pdftotext"), { q("-bbox"), pdf, q("-") }))))
+    for (const auto &m : word.globalMatch(QString::fromUtf8(run(q("pdftotext"), {q("-bbox"), pdf, q("-")}))))
         heights.try_emplace(m.captured(3), m.captured(2).toDouble() - m.captured(1).toDouble());
     ASSERT_TRUE(heights.count(q("Avv.")) && heights.count(q("NOTA")));
     EXPECT_NEAR(heights[q("NOTA")] / heights[q("Avv.")], 12.0 / 9.0, 0.02);

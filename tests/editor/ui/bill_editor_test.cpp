@@ -7,7 +7,7 @@ using namespace lumetra::test;
 
 namespace {
 // Row r of a list, its first six cells joined by "|".
-QString cells(const Listbox* list, int r)
+QString cells(const Listbox *list, int r)
 {
     QStringList t;
     for (int c = 0; c < 6; ++c)
@@ -21,16 +21,16 @@ TEST_F(FinestraTest, CategoryNavigation)
     scegli(kDiritti, 1);
     EXPECT_EQ(w->StaticTextPop->text(), u("Prestazioni:"));
     EXPECT_TRUE(w->PopCatB->isEnabled() && w->EditCerca->isEnabled() && w->EditCerca->hasFocus());
-    EXPECT_EQ(colonna(w->Listbox1, 1), (QStringList { u("Esame dei documenti (*)") }));
+    EXPECT_EQ(colonna(w->Listbox1, 1), (QStringList{u("Esame dei documenti (*)")}));
 
     // The search text stays across a change of category.
     scegli(kOnorari, 1);
     digita(w->EditCerca, u("UDIENZE"));
-    EXPECT_EQ(colonna(w->Listbox1, 0), (QStringList { u("10") }));
+    EXPECT_EQ(colonna(w->Listbox1, 0), (QStringList{u("10")}));
     w->PopCatA->setCurrentIndex(kDiritti);
     EXPECT_EQ(w->Listbox1->ListCount(), 0);
     w->EditCerca->setText(QString());
-    EXPECT_EQ(colonna(w->Listbox1, 0), (QStringList { u("4"), u("5") }));
+    EXPECT_EQ(colonna(w->Listbox1, 0), (QStringList{u("4"), u("5")}));
     clicca(w->Listbox1, 0, 1);
     EXPECT_FALSE(globali().modificato); // steering the listing doesn't change the bill
 
@@ -52,14 +52,14 @@ TEST_F(FinestraTest, TickMaxRenameQuantityThenMoveTheValue)
     spunta(w->Listbox1, riga(w->Listbox1, kEsameDocumenti), 4);
     EXPECT_EQ(dati().at(kEsameDocumenti, 0) + u("/") + dati().at(kEsameDocumenti, 53), u("2/60"));
     EXPECT_TRUE(globali().modificato && w->Listbox2->CellCheck(0, 5));
-    EXPECT_EQ(
-        cells(w->Listbox2, 0) + u("/") + cells(w->Listbox2, 2), u("6|Esame dei documenti|1|1|60|60/||||TOTALE:|60"));
+    EXPECT_EQ(cells(w->Listbox2, 0) + u("/") + cells(w->Listbox2, 2),
+              u("6|Esame dei documenti|1|1|60|60/||||TOTALE:|60"));
     EXPECT_DOUBLE_EQ(globali().totale[0], 60);
 
     clicca(w->Listbox2, 0, 1, true);
     scriviInCella(w->Listbox2, u("Esame degli atti"));
-    EXPECT_EQ(
-        dati().at(kEsameDocumenti, 55) + u("/") + w->Listbox2->Cell(0, 1), u("Esame degli atti/Esame degli atti"));
+    EXPECT_EQ(dati().at(kEsameDocumenti, 55) + u("/") + w->Listbox2->Cell(0, 1),
+              u("Esame degli atti/Esame degli atti"));
     // Back to the table's text in other letter case: the replacement goes.
     w->Listbox2->EditCell(0, 1);
     scriviInCella(w->Listbox2, u("ESAME DEI DOCUMENTI"));
@@ -71,7 +71,7 @@ TEST_F(FinestraTest, TickMaxRenameQuantityThenMoveTheValue)
     // Past the limit of 5000 the maximum is a coefficient of the value.
     digita(w->EditQuantum, u("0"));
     EXPECT_EQ(w->Listbox2->Cell(0, 2) + u("/") + w->Listbox2->Cell(0, 4) + u("/") + w->Listbox2->Cell(2, 5),
-        u("0,02/600/1800"));
+              u("0,02/600/1800"));
     EXPECT_TRUE(w->Listbox1->CellCheck(riga(w->Listbox1, kEsameDocumenti), 4));
     w->PopImport->setCurrentIndex(2); // the IMPORT. triple
     EXPECT_EQ(w->Listbox2->Cell(0, 4), u("150"));

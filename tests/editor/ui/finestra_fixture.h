@@ -38,7 +38,7 @@ protected:
         globali().modificato = false;
     }
 
-    Tabella& dati() { return globali().dati; }
+    Tabella &dati() { return globali().dati; }
 
     void scegli(int categoria, int sottocategoria = 0)
     {
@@ -46,18 +46,18 @@ protected:
         w->PopCatB->setCurrentIndex(sottocategoria);
     }
 
-    void digita(QWidget* field, const QString& text) { QTest::keyClicks(field, text); }
+    void digita(QWidget *field, const QString &text) { QTest::keyClicks(field, text); }
 
-    void valore(const QString& text)
+    void valore(const QString &text)
     {
         w->EditQuantum->setText(QString());
         digita(w->EditQuantum, text);
     }
 
     // The list row that shows tariff row r, or -1.
-    static int riga(const Listbox* list, int r) { return colonna(list, 0).indexOf(QString::number(r)); }
+    static int riga(const Listbox *list, int r) { return colonna(list, 0).indexOf(QString::number(r)); }
 
-    static QStringList colonna(const Listbox* list, int column)
+    static QStringList colonna(const Listbox *list, int column)
     {
         QStringList t;
         for (int i = 0; i < list->ListCount(); ++i)
@@ -66,7 +66,7 @@ protected:
     }
 
     // The user clicks the check box of a cell.
-    static void spunta(Listbox* list, int row, int column)
+    static void spunta(Listbox *list, int row, int column)
     {
         ASSERT_GE(row, 0);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->rettangoloSpunta(row, column).center());
@@ -75,7 +75,7 @@ protected:
 
     // The user clicks on the text of a cell; twice: a click, then a second press
     // that the system reports as a double click.
-    static void clicca(Listbox* list, int row, int column, bool doppio = false)
+    static void clicca(Listbox *list, int row, int column, bool doppio = false)
     {
         ASSERT_GE(row, 0);
         const QPoint p = list->visualRect(list->model()->index(row, column)).center();
@@ -88,16 +88,16 @@ protected:
     }
 
     // Types into the cell open for editing and ends with Return.
-    static void scriviInCella(Listbox* list, const QString& text)
+    static void scriviInCella(Listbox *list, const QString &text)
     {
-        QWidget* editor = QApplication::focusWidget();
+        QWidget *editor = QApplication::focusWidget();
         ASSERT_TRUE(editor && editor != list && list->isAncestorOf(editor)) << "no cell is open for typing";
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
         settle();
     }
 
-    finestra* w = nullptr;
+    finestra *w = nullptr;
 };
 
 } // namespace lumetra::test

@@ -79,9 +79,9 @@ TEST_F(FinestraTest, KindOfValueAndTaxOptions)
 
 TEST_F(FinestraTest, CreaOpensTheOutputWindowAndComesBack)
 {
-    for (int index : { 1, 0 }) {
+    for (int index : {1, 0}) {
         bool seen = false;
-        onNextModal([&](QWidget* modal) {
+        onNextModal([&](QWidget *modal) {
             seen = true;
             EXPECT_EQ(modal->windowTitle(), index ? u("Fattura") : u("Nota spese - Competenze"));
             EXPECT_FALSE(w->isVisible());

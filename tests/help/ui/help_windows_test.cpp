@@ -65,8 +65,9 @@ protected:
 
 TEST_F(HelpWindows, ManualShownStyledParsedAtEachOpeningClosingShowsTheMainWindow)
 {
-    writeFile(u"Resources/istruzioni.rtf"_s, "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}}\n"
-                                             "\\qc{\\f0\\b\\fs40 Titolo}\\par\n\\ql Citt\\'e0 e {\\i corsivo}.\\par\n}");
+    writeFile(u"Resources/istruzioni.rtf"_s,
+              "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}}\n"
+              "\\qc{\\f0\\b\\fs40 Titolo}\\par\n\\ql Citt\\'e0 e {\\i corsivo}.\\par\n}");
     finestra::instance().hide();
     showHelp([](fin_aiuto &help) {
         const QTextBlock title = help.EditF->document()->firstBlock();

@@ -17,11 +17,11 @@ namespace {
 StyledText oddText()
 {
     StyledText t;
-    const TextStyle a { .font = q("Arial"), .size = 10.5f, .underline = true, .textColor = 0x336699 };
-    const TextStyle b { .font = QString(), .italic = true };
-    t.AppendStyleRun({ q("uno") + CR + CR, a });
-    t.AppendStyleRun({ q("a capo") + QChar(10) + q("stessa riga") + CR, b });
-    t.AppendStyleRun({ q("ultima senza fine"), TextStyle {} });
+    const TextStyle a{.font = q("Arial"), .size = 10.5f, .underline = true, .textColor = 0x336699};
+    const TextStyle b{.font = QString(), .italic = true};
+    t.AppendStyleRun({q("uno") + CR + CR, a});
+    t.AppendStyleRun({q("a capo") + QChar(10) + q("stessa riga") + CR, b});
+    t.AppendStyleRun({q("ultima senza fine"), TextStyle{}});
     t.ParagraphAlignment(0, 1);
     t.ParagraphAlignment(2, 3);
     return t;
@@ -31,8 +31,12 @@ StyledText oddText()
 
 TEST(StyledDocument, UntouchedDocumentConvertsBackToTheSameText)
 {
-    const StyledText cases[] = { StyledText(), StyledText(CR), oddText(), styledDocument(golden("nota_spese"), 9, 12),
-        styledDocument(golden("nota_spese"), 12, 16), styledDocument(golden("fattura"), 9, 12) };
+    const StyledText cases[] = {StyledText(),
+                                StyledText(CR),
+                                oddText(),
+                                styledDocument(golden("nota_spese"), 9, 12),
+                                styledDocument(golden("nota_spese"), 12, 16),
+                                styledDocument(golden("fattura"), 9, 12)};
     for (const StyledText &text : cases) {
         QTextDocument document;
         setStyledText(document, text);
@@ -47,9 +51,9 @@ TEST(StyledDocument, ParagraphsWithoutAlignmentShowTheOneAboveAndEditsTakeTheSty
     QTextDocument document;
     const StyledText composed = styledDocument(golden("nota_spese"), 9, 12);
     setStyledText(document, composed);
-    const std::pair<int, Qt::Alignment> shown[] = { { 0, Qt::AlignLeft }, { 6, Qt::AlignLeft }, { 7, Qt::AlignRight },
-        { 12, Qt::AlignRight }, { 13, Qt::AlignHCenter }, { 14, Qt::AlignHCenter }, { 15, Qt::AlignLeft },
-        { 51, Qt::AlignLeft }, { 52, Qt::AlignRight }, { 53, Qt::AlignRight } };
+    const std::pair<int, Qt::Alignment> shown[] = {
+        {0, Qt::AlignLeft},     {6, Qt::AlignLeft},  {7, Qt::AlignRight}, {12, Qt::AlignRight}, {13, Qt::AlignHCenter},
+        {14, Qt::AlignHCenter}, {15, Qt::AlignLeft}, {51, Qt::AlignLeft}, {52, Qt::AlignRight}, {53, Qt::AlignRight}};
     for (auto [paragraph, alignment] : shown)
         EXPECT_EQ(document.findBlockByNumber(paragraph).blockFormat().alignment() & Qt::AlignHorizontal_Mask, alignment)
             << paragraph;
@@ -64,7 +68,7 @@ TEST(StyledDocument, ParagraphsWithoutAlignmentShowTheOneAboveAndEditsTakeTheSty
     const StyledText edited = styledText(document);
     const int typed = edited.Text().indexOf(q("COMPETENZE Ω")) + 12, pasted = edited.Text().indexOf(q("Centrato"));
     ASSERT_GE(typed, 12);
-    for (auto [at, font, size] : { std::tuple { typed, "Times New Roman", 12.0f }, { pasted, "Arial", 14.0f } }) {
+    for (auto [at, font, size] : {std::tuple{typed, "Times New Roman", 12.0f}, {pasted, "Arial", 14.0f}}) {
         EXPECT_EQ(edited.styleAt(at).font, q(font));
         EXPECT_EQ(edited.styleAt(at).size, size);
         EXPECT_TRUE(edited.styleAt(at).bold);

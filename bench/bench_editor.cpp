@@ -8,12 +8,13 @@
 // Runs offscreen unless QT_QPA_PLATFORM says otherwise. Prints the median,
 // the 10th and 90th percentiles, and the median with the repaint that follows.
 
+#include "app/app.h"
 #include "core/encodings.h"
 #include "core/globali.h"
-#include "core/ui/app.h"
+#include "core/paths.h"
+#include "core/ui/edit_field.h"
 #include "editor/bill.h"
 #include "editor/listing.h"
-#include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
 
@@ -88,8 +89,27 @@ void fillBill(int count)
         dati.at(r, kColStato) = QString::fromLatin1(states[placed % 4]);
 }
 
+// The main window's controls, found by name as the user finds them.
+struct Controls {
+    explicit Controls(finestra &w)
+        : EditQuantum(w.findChild<EditLine *>(QStringLiteral("EditQuantum"))),
+          EditCerca(w.findChild<EditLine *>(QStringLiteral("EditCerca"))),
+          PopCatA(w.findChild<QComboBox *>(QStringLiteral("PopCatA"))),
+          PopCatB(w.findChild<QComboBox *>(QStringLiteral("PopCatB"))),
+          Listbox1(w.findChild<Listbox *>(QStringLiteral("Listbox1"))),
+          Listbox2(w.findChild<Listbox *>(QStringLiteral("Listbox2")))
+    {
+    }
+    EditLine *EditQuantum;
+    EditLine *EditCerca;
+    QComboBox *PopCatA;
+    QComboBox *PopCatB;
+    Listbox *Listbox1;
+    Listbox *Listbox2;
+};
+
 // The largest sub-category of the loaded table, as PopCatA and PopCatB indexes.
-std::pair<int, int> largestSubCategory(finestra &w)
+std::pair<int, int> largestSubCategory(const Controls &w)
 {
     std::map<std::pair<QString, QString>, int> counts;
     const Tabella &dati = globali().dati;
@@ -144,10 +164,11 @@ Timing timeKeys(QWidget *field, const QString &text, int repetitions)
 void run(const char *name, int repetitions, int billRows)
 {
     fillBill(billRows);
-    finestra &w = finestra::instance();
-    w.show();
-    if (!QTest::qWaitForWindowExposed(&w))
+    finestra &window = App::instance()->mainWindow();
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
         std::printf("  (the window was not shown)\n");
+    const Controls w(window);
     w.EditQuantum->setText(QStringLiteral("3000"));
     const auto [a, b] = largestSubCategory(w);
     w.PopCatA->setCurrentIndex(a);
@@ -169,8 +190,8 @@ void run(const char *name, int repetitions, int billRows)
     const FiltroRicerca filtro{w.PopCatA->currentText(), w.PopCatB->currentText(), QString()};
     for (int i = 0; i < repetitions * 4; ++i) {
         t.start();
-        const auto righe = righe_ricerca(globali().dati, filtro, w.EditQuantum->Text(), 0);
-        const auto vista = vista_parcella(globali().dati, w.EditQuantum->Text(), 0);
+        const auto righe = righeRicerca(globali().dati, filtro, w.EditQuantum->Text(), 0);
+        const auto vista = vistaParcella(globali().dati, w.EditQuantum->Text(), 0);
         logic.push_back(double(t.nsecsElapsed()) / 1e6);
     }
     std::printf("  logic alone (listing and bill): median %.2f ms\n", stats(logic).median);
@@ -178,7 +199,7 @@ void run(const char *name, int repetitions, int billRows)
                 quantum.handler.p10, quantum.handler.p90, quantum.withPaint);
     std::printf("  EditCerca:   median %.2f ms (p10 %.2f, p90 %.2f); with repaint %.2f ms\n", cerca.handler.median,
                 cerca.handler.p10, cerca.handler.p90, cerca.withPaint);
-    delete &w;
+    delete &window;
 }
 
 } // namespace
@@ -200,7 +221,7 @@ int main(int argc, char **argv)
         return 1;
     f.write(generatedTariff(20000, 2000));
     f.close();
-    setApplicationFolder(dir.path());
+    setExecutableFolder(dir.path());
     if (!carica_dati())
         return 1;
     run("generated tariff", repetitions, 200);

@@ -4,7 +4,7 @@
 
 namespace lumetra {
 
-ContoAcconto lordo_da_netto(double netto, bool iva)
+ContoAcconto lordoDaNetto(double netto, bool iva)
 {
     const double p = iva ? 1 : 0;
     ContoAcconto c;
@@ -15,7 +15,7 @@ ContoAcconto lordo_da_netto(double netto, bool iva)
     return c;
 }
 
-ContoAcconto netto_da_lordo(double lordo, bool iva)
+ContoAcconto nettoDaLordo(double lordo, bool iva)
 {
     const double p = iva ? 1 : 0;
     ContoAcconto c;
@@ -26,10 +26,10 @@ ContoAcconto netto_da_lordo(double lordo, bool iva)
     return c;
 }
 
-TestiAcconto testi_acconto(int campo, const QString &testo, bool iva)
+TestiAcconto testiAcconto(int campo, const QString &testo, bool iva)
 {
     const double valore = Val(testo);
-    const ContoAcconto c = campo == 1 ? netto_da_lordo(valore, iva) : lordo_da_netto(valore, iva);
+    const ContoAcconto c = campo == 1 ? nettoDaLordo(valore, iva) : lordoDaNetto(valore, iva);
     const QString maschera = QStringLiteral("-#.00");
     return {Format(c.cpa, maschera), Format(c.iva, maschera), Format(c.altro, maschera)};
 }

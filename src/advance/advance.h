@@ -14,9 +14,9 @@ struct ContoAcconto {
 };
 
 // Net typed: C = 0.04 x A; S = A + C; I = S x 0.21 (x 0 without iva); gross S + I.
-ContoAcconto lordo_da_netto(double netto, bool iva);
+ContoAcconto lordoDaNetto(double netto, bool iva);
 // Gross typed: I = G / 1.21 x 0.21 (x 0 without iva); N = G - I; C = N / 1.04 x 0.04; net N - C.
-ContoAcconto netto_da_lordo(double lordo, bool iva);
+ContoAcconto nettoDaLordo(double lordo, bool iva);
 
 // What the window shows after the user typed into field `campo` (0 net, 1 gross):
 // C.P.A., I.V.A. and the other field, each by Format with "-#.00".
@@ -25,6 +25,6 @@ struct TestiAcconto {
     QString iva;
     QString altro;
 };
-TestiAcconto testi_acconto(int campo, const QString &testo, bool iva);
+TestiAcconto testiAcconto(int campo, const QString &testo, bool iva);
 
 } // namespace lumetra

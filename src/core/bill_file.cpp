@@ -3,21 +3,29 @@
 #include "core/encodings.h"
 #include "core/text_functions.h"
 
-#include <algorithm>
-
 namespace lumetra {
 
 namespace {
 
 const QString kIntestazione = QStringLiteral("***PARCELLA***");
-const QString kSeparatore = QStringLiteral("**********");
 
+// A multi-line field: its own line ends are the file's line end too.
+void scriviTesto(QByteArray &out, const QString &text)
+{
+    QString line = text;
+    line.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
+    line.replace(QLatin1Char('\n'), QLatin1Char('\r'));
+    out += toMacRoman(line);
+    out += '\r';
+}
+
+// A one-line field: a line break in it would shift every line after it, so it
+// is written as a blank.
 void scriviRiga(QByteArray &out, const QString &text)
 {
     QString line = text;
-    // A field's own line ends are the file's line end too.
-    line.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
-    line.replace(QLatin1Char('\n'), QLatin1Char('\r'));
+    line.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     out += toMacRoman(line);
     out += '\r';
 }
@@ -41,38 +49,21 @@ bool leggiSezione(LineReader &stream, QString &text)
 
 } // namespace
 
-QString codiceOpzioni(bool iva, bool rite)
-{
-    QString code = QStringLiteral("0");
-    if (iva)
-        code = QStringLiteral("20");
-    if (rite)
-        code = QStringLiteral("40");
-    if (iva && rite)
-        code = QStringLiteral("60");
-    return code;
-}
-
-void leggiCodiceOpzioni(const QString &code, bool &iva, bool &rite)
-{
-    iva = false;
-    rite = false;
-    if (code == QLatin1String("20") || code == QLatin1String("60"))
-        iva = true;
-    if (code == QLatin1String("40") || code == QLatin1String("60"))
-        rite = true;
-}
-
 QByteArray scriviParcella(const TestaParcella &testa, const Tabella &dati)
 {
     QByteArray out;
     scriviRiga(out, kIntestazione);
-    scriviRiga(out, testa.editField1);
+    scriviTesto(out, testa.editField1);
     scriviRiga(out, kSeparatore);
-    scriviRiga(out, testa.editField2);
+    scriviTesto(out, testa.editField2);
     scriviRiga(out, kSeparatore);
     scriviRiga(out, testa.editQuantum);
-    scriviRiga(out, codiceOpzioni(testa.iva, testa.rite));
+    // The options: "0", "20" with VAT, "40" with the withholding tax, "60" with both.
+    scriviRiga(out,
+               testa.iva && testa.rite ? QStringLiteral("60")
+                   : testa.rite        ? QStringLiteral("40")
+                   : testa.iva         ? QStringLiteral("20")
+                                       : QStringLiteral("0"));
     for (int r = 1; r <= dati.contatore(); ++r) {
         scriviRiga(out, dati.at(r, kColStato));
         scriviRiga(out, dati.at(r, kColValore));
@@ -82,7 +73,7 @@ QByteArray scriviParcella(const TestaParcella &testa, const Tabella &dati)
     return out;
 }
 
-LetturaParcella leggiParcella(const QByteArray &bytes, int righe)
+LetturaParcella apriParcella(const QByteArray &bytes, Tabella &dati)
 {
     LetturaParcella result;
     LineReader stream(fromMacRoman(bytes));
@@ -93,24 +84,16 @@ LetturaParcella leggiParcella(const QByteArray &bytes, int righe)
         return result;
     }
     result.testa.editQuantum = stream.readLine();
-    leggiCodiceOpzioni(stream.readLine(), result.testa.iva, result.testa.rite);
-    result.righe.resize(size_t(std::max(0, righe)));
-    for (StatoRiga &riga : result.righe)
-        for (QString &cell : riga)
-            cell = stream.readLine();
+    // Anything but the four codes, an empty line included, means both off.
+    const QString opzioni = stream.readLine();
+    result.testa.iva = opzioni == QLatin1String("20") || opzioni == QLatin1String("60");
+    result.testa.rite = opzioni == QLatin1String("40") || opzioni == QLatin1String("60");
+    // Reading past the end gives empty lines, so a short file empties the rows it lacks.
+    for (int r = 1; r <= dati.contatore(); ++r)
+        for (int c : {kColStato, kColValore, kColQuantita, kColNome})
+            dati.at(r, c) = stream.readLine();
     result.esito = EsitoLettura::Letta;
     return result;
-}
-
-void applicaRighe(const std::vector<StatoRiga> &righe, Tabella &dati)
-{
-    for (int r = 1; r <= dati.contatore() && r <= int(righe.size()); ++r) {
-        const StatoRiga &riga = righe[size_t(r - 1)];
-        dati.at(r, kColStato) = riga[0];
-        dati.at(r, kColValore) = riga[1];
-        dati.at(r, kColQuantita) = riga[2];
-        dati.at(r, kColNome) = riga[3];
-    }
 }
 
 } // namespace lumetra

@@ -6,8 +6,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <array>
-#include <vector>
 
 namespace lumetra {
 
@@ -20,34 +18,24 @@ struct TestaParcella {
     bool rite = false;
 };
 
-// The options line: "0", "20" (iva), "40" (rite), "60" (both).
-QString codiceOpzioni(bool iva, bool rite);
-void leggiCodiceOpzioni(const QString &code, bool &iva, bool &rite);
-
 // Registrazione_parcella's bytes: Mac Roman, every line ended by byte 13.
 QByteArray scriviParcella(const TestaParcella &testa, const Tabella &dati);
 
 enum class EsitoLettura {
-    Letta, // head read, rows stored into dati
+    Letta, // the rows are in dati, the head is for the window
     NonParcella, // first line is not "***PARCELLA***": nothing was touched
-    SenzaFine, // a heading or client section has no terminator
+    SenzaFine, // a heading or client section has no terminator: nothing was touched
 };
-
-// Columns 0, 53, 54, 55 of one tariff row.
-using StatoRiga = std::array<QString, 4>;
 
 struct LetturaParcella {
     EsitoLettura esito = EsitoLettura::NonParcella;
     TestaParcella testa;
-    // One entry per row of the running table, empty past the end of the file;
-    // a longer file's tail is not read.
-    std::vector<StatoRiga> righe;
 };
 
-// AprifileqXR9's reading against a table of `righe` rows. The caller puts the
-// head into the window first and then the rows into dati (applicaRighe), in the
-// order the program reads them.
-LetturaParcella leggiParcella(const QByteArray &bytes, int righe);
-void applicaRighe(const std::vector<StatoRiga> &righe, Tabella &dati);
+// AprifileqXR9 without the window, the one way a bill is opened: when the bytes
+// are a bill, columns 0, 53, 54, 55 of every row of dati take the file's rows
+// by position (empty past the end of the file; a longer file's tail is not
+// read), and the head comes back for the window's fields.
+LetturaParcella apriParcella(const QByteArray &bytes, Tabella &dati);
 
 } // namespace lumetra

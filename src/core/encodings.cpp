@@ -101,13 +101,4 @@ QString LineReader::readLine()
     return line;
 }
 
-std::vector<QString> splitLines(const QString &text)
-{
-    std::vector<QString> lines;
-    LineReader reader(text);
-    while (!reader.atEnd())
-        lines.push_back(reader.readLine());
-    return lines;
-}
-
 } // namespace lumetra

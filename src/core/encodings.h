@@ -28,7 +28,4 @@ private:
     qsizetype m_pos = 0;
 };
 
-// All lines of a text, as LineReader gives them until it is at its end.
-std::vector<QString> splitLines(const QString &text);
-
 } // namespace lumetra

@@ -13,30 +13,15 @@ QString FileType::filter() const
 
 namespace FileTypes {
 
-const FileType &TextPlain()
-{
-    static const FileType t{QStringLiteral("text/plain"), QStringLiteral(".txt"), QStringLiteral("TEXT"),
-                            QStringLiteral("pTmS")};
-    return t;
-}
-
-const FileType &SpecialAny()
-{
-    static const FileType t{QStringLiteral("special/any"), QString(), QStringLiteral("????"), QStringLiteral("????")};
-    return t;
-}
-
 const FileType &TextRtf()
 {
-    static const FileType t{QStringLiteral("text/rtf"), QStringLiteral(".rtf"), QStringLiteral("????"),
-                            QStringLiteral("????")};
+    static const FileType t{QStringLiteral("text/rtf"), QStringLiteral(".rtf")};
     return t;
 }
 
 const FileType &qRX9Lumetra()
 {
-    static const FileType t{QStringLiteral("qRX9/qxlumetra"), QStringLiteral(".qX9"), QStringLiteral("qRX9"),
-                            QStringLiteral("qXR9")};
+    static const FileType t{QStringLiteral("qRX9/qxlumetra"), QStringLiteral(".qX9")};
     return t;
 }
 

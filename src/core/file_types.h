@@ -1,6 +1,5 @@
 #pragma once
-// FileTypes: the four file type records, built once. Only the bill type and
-// the RTF type are used, as the filters of the file dialogs.
+// The file types of the file dialogs: the bill and the RTF export.
 
 #include <QString>
 
@@ -9,16 +8,12 @@ namespace lumetra {
 struct FileType {
     QString Name;
     QString Extensions;
-    QString MacType;
-    QString MacCreator;
 
     // The filter string of a file dialog.
     QString filter() const;
 };
 
 namespace FileTypes {
-const FileType &TextPlain();
-const FileType &SpecialAny();
 const FileType &TextRtf();
 const FileType &qRX9Lumetra();
 } // namespace FileTypes

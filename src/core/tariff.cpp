@@ -6,10 +6,6 @@
 
 namespace lumetra {
 
-namespace {
-const QString kSeparatore = QStringLiteral("**********");
-}
-
 void preimposta(RigaTariffa &row)
 {
     row[kColStato] = QStringLiteral("0");
@@ -100,14 +96,16 @@ int cerca_scaglione(const Tabella &dati, int r, double q, int mode)
     return c;
 }
 
-Fascia fascia(const Tabella &dati, int r, double q, int mode)
+bool accontoDaRichiedere(const QString &voce)
 {
-    Fascia f;
-    f.colonna = cerca_scaglione(dati, r, q, mode);
-    f.minimo = CDbl(dati.at(r, f.colonna + 1));
-    f.massimo = CDbl(dati.at(r, f.colonna + 2));
-    f.media = (f.minimo + f.massimo) / 2;
-    return f;
+    static const QString testo = QStringLiteral("Acconto da richiedere");
+    return Eq(Left(voce, Len(testo)), testo);
+}
+
+bool accontoPercepito(const QString &voce)
+{
+    static const QString testo = QStringLiteral("Acconto già percepito, da detrarre");
+    return Eq(Left(voce, Len(testo)), testo);
 }
 
 } // namespace lumetra

@@ -20,6 +20,9 @@ inline constexpr int kColValore = 53;
 inline constexpr int kColQuantita = 54;
 inline constexpr int kColNome = 55;
 
+// The line that ends a record of the tariff file, and a section of a bill file.
+inline const QString kSeparatore = QStringLiteral("**********");
+
 using RigaTariffa = std::array<QString, kColonne>;
 
 class Tabella {
@@ -51,12 +54,21 @@ enum ModoValore { Prestabilito = 0, Indeterminabile = 1, Importante = 2 };
 // The column of the current value band of row r for value q and mode m.
 int cerca_scaglione(const Tabella &dati, int r, double q, int mode);
 
-struct Fascia {
-    int colonna = 5;
-    double minimo = 0;
-    double massimo = 0;
-    double media = 0;
-};
-Fascia fascia(const Tabella &dati, int r, double q, int mode);
+// The average of a band, half way between its minimum and maximum, unrounded.
+inline double mediaFascia(double minimo, double massimo) { return (minimo + massimo) / 2; }
+
+// A unit value above 1 is an amount in euro; 1 or below, a coefficient of the
+// value of the dispute.
+inline bool eCoefficiente(double unitario) { return unitario <= 1; }
+// What one unit of an item bills, for a value of the dispute.
+inline double importoUnitario(double unitario, double valore)
+{
+    return eCoefficiente(unitario) ? unitario * valore : unitario;
+}
+
+// The two advance items, known by the start of their text (column 3): an
+// advance to be requested opens the calculator, one received is subtracted.
+bool accontoDaRichiedere(const QString &voce);
+bool accontoPercepito(const QString &voce);
 
 } // namespace lumetra

@@ -236,7 +236,7 @@ int Sign(double number)
     return 0;
 }
 
-int ToInteger(double number)
+int toInteger(double number)
 {
     if (std::isnan(number))
         return 0;

@@ -40,7 +40,7 @@ QString Format(double number, const QString &mask);
 int Sign(double number);
 
 // Double to Integer: the fraction is dropped (37.5 gives 37).
-int ToInteger(double number);
+int toInteger(double number);
 
 // String equality of the program: letter case is ignored.
 bool Eq(const QString &a, const QString &b);

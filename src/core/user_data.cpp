@@ -2,6 +2,11 @@
 
 #include "core/encodings.h"
 #include "core/failure.h"
+#include "core/files.h"
+#include "core/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace lumetra {
 
@@ -27,6 +32,18 @@ QByteArray scriviUtenza(const Utenza &utenza)
         out += '\n';
     }
     return out;
+}
+
+bool esisteUtenza() { return QFileInfo::exists(userFile()); }
+
+Utenza caricaUtenza() { return leggiUtenza(readWholeFile(userFile())); }
+
+void salvaUtenza(const Utenza &utenza)
+{
+    const QString path = userFile();
+    // The per-user folder does not exist before the first save.
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    writeWholeFile(path, scriviUtenza(utenza));
 }
 
 } // namespace lumetra

@@ -1,5 +1,5 @@
 #pragma once
-// utenza.txt: the lawyer's particulars, nine lines beside the program.
+// utenza.txt: the lawyer's particulars, nine lines.
 
 #include <QByteArray>
 #include <QString>
@@ -14,5 +14,11 @@ using Utenza = std::array<QString, 9>;
 Utenza leggiUtenza(const QByteArray &bytes);
 // Nine lines, Mac Roman, each ended by "\n".
 QByteArray scriviUtenza(const Utenza &utenza);
+
+// utenza.txt where the program keeps it (userFile()): whether it is there,
+// and the whole file written anew, its folder made when missing.
+bool esisteUtenza();
+Utenza caricaUtenza();
+void salvaUtenza(const Utenza &utenza);
 
 } // namespace lumetra

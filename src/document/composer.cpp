@@ -43,7 +43,7 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
         return lettere[size_t(slot)];
     };
     auto base = [&](int first, int last) { return Crea_abcde(lettere, first, last); };
-    const QString rigaTotale = riga(riga_totale());
+    const QString regola = riga(rigaTotale());
     QString suffisso;
 
     const Sezione daRichiedere = Crea_acconto(in.dati, 1);
@@ -63,8 +63,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
     for (int i = 1; i <= 3; ++i) {
         if (t[size_t(i)] != 0) {
             const QString x = lettera(i);
-            out.commit(riga(riga_importo(QLatin1Char('(') + x + QStringLiteral(") ") + etichette[size_t(i)], {}, {},
-                                         t[size_t(i)]))
+            out.commit(riga(rigaImporto(QLatin1Char('(') + x + QStringLiteral(") ") + etichette[size_t(i)], {}, {},
+                                        t[size_t(i)]))
                        + kVuota);
         }
     }
@@ -74,10 +74,10 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
     t[4] = (t[2] + t[3]) * 0.125;
     if (t[4] != 0) {
         const QString x = lettera(4);
-        out.commit(riga(riga_importo(QLatin1Char('(') + x + QStringLiteral(") Rimborso spese forf. (12,50% di ")
-                                         + baseRimborso + QLatin1Char(')'),
-                                     Format(0.125, QStringLiteral("#.00%")),
-                                     Format(t[2] + t[3], QStringLiteral("-#.00")), t[4])));
+        out.commit(riga(rigaImporto(QLatin1Char('(') + x + QStringLiteral(") Rimborso spese forf. (12,50% di ")
+                                        + baseRimborso + QLatin1Char(')'),
+                                    Format(0.125, QStringLiteral("#.00%")),
+                                    Format(t[2] + t[3], QStringLiteral("-#.00")), t[4])));
     }
 
     t[5] = t[4] + t[0] + t[8];
@@ -86,8 +86,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
         conteggio += v != 0 ? 1 : 0;
     QString sospeso;
     if (conteggio > 1) {
-        sospeso += rigaTotale
-            + riga(riga_importo(QStringLiteral("TOTALE (") + base(0, 4) + QLatin1Char(')'), {}, {}, t[5])) + kVuota;
+        sospeso += regola + riga(rigaImporto(QStringLiteral("TOTALE (") + base(0, 4) + QLatin1Char(')'), {}, {}, t[5]))
+            + kVuota;
     }
 
     t[6] = t[8] + t[2] + t[3] + t[4];
@@ -108,8 +108,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
         const QString descrizione = conRichiesti
             ? QLatin1Char('(') + x + QStringLiteral(") C.P.A. (4% di A)")
             : QLatin1Char('(') + x + QStringLiteral(") C.P.A. (4% di ") + base(2, 4) + suffisso + QLatin1Char(')');
-        sospeso += riga(riga_importo(descrizione, Format(0.04, QStringLiteral("-#.00%")),
-                                     Format(t[6], QStringLiteral("-#.00")), t[6] * 0.04))
+        sospeso += riga(rigaImporto(descrizione, Format(0.04, QStringLiteral("-#.00%")),
+                                    Format(t[6], QStringLiteral("-#.00")), t[6] * 0.04))
             + kVuota;
     }
 
@@ -121,8 +121,8 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
             const QString descrizione = conRichiesti
                 ? QStringLiteral("(F) I.V.A. (21% di A+B)")
                 : QStringLiteral("(F) I.V.A. (21% di ") + base(2, 5) + suffisso + QLatin1Char(')');
-            sospeso += riga(riga_importo(descrizione, Format(0.21, QStringLiteral("-#.00%")),
-                                         Format(t[7], QStringLiteral("-#.00")), t[7] * 0.21));
+            sospeso += riga(rigaImporto(descrizione, Format(0.21, QStringLiteral("-#.00%")),
+                                        Format(t[7], QStringLiteral("-#.00")), t[7] * 0.21));
             t[10] = t[7] + t[7] * 0.21;
         } else {
             sospeso += riga(QStringLiteral(" (Importo non imponibile ai sensi dell'art.1, c.100 L.244/2007)"));
@@ -139,7 +139,7 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
 
     if (t[10] != 0) {
         const QString lordo = in.rite ? QStringLiteral("TOTALE LORDO") : QStringLiteral("TOTALE NETTO A PAGARE");
-        out.commit(rigaTotale + riga(riga_importo(lordo, {}, {}, t[10])) + kVuota);
+        out.commit(regola + riga(rigaImporto(lordo, {}, {}, t[10])) + kVuota);
     }
 
     if (in.rite) {
@@ -148,22 +148,22 @@ void riepilogo(Testo &out, Documento &doc, const DatiDocumento &in, const std::a
                 ? QStringLiteral("Ritenuta d'acconto (20% di A)")
                 : QStringLiteral("Ritenuta d'acconto (20% di ") + base(2, 4) + suffisso + QLatin1Char(')');
             // The lone blank without a line end shifts the next rule one column right.
-            out.commit(riga(riga_importo(descrizione, Format(0.2, QStringLiteral("#.00%")),
-                                         Format(t[6], QStringLiteral("-#.00")), -t[6] * 0.2))
+            out.commit(riga(rigaImporto(descrizione, Format(0.2, QStringLiteral("#.00%")),
+                                        Format(t[6], QStringLiteral("-#.00")), -t[6] * 0.2))
                        + QLatin1Char(' '));
         }
         t[11] = t[10] - t[6] * 0.2;
         QString netto;
         if (t[11] != 0)
-            netto += rigaTotale;
-        netto += riga(riga_importo(QStringLiteral("TOTALE NETTO A PAGARE"), {}, {}, t[11])) + kVuota;
+            netto += regola;
+        netto += riga(rigaImporto(QStringLiteral("TOTALE NETTO A PAGARE"), {}, {}, t[11])) + kVuota;
         out.commit(netto);
     }
 }
 
 } // namespace
 
-QString estrai_luogo(const QString &citta)
+QString estraiLuogo(const QString &citta)
 {
     QString luogo;
     for (int i = 0; i < Len(citta); ++i) {
@@ -214,7 +214,7 @@ Documento Crea_testo(const DatiDocumento &in)
     sty[0][1] = out.ultimaRiga();
 
     // Block 1, place, date and client.
-    const QString luogo = estrai_luogo(u[3]);
+    const QString luogo = estraiLuogo(u[3]);
     out.commit(riga(oppure(luogo, QStringLiteral("MANCA LUOGO!")))
                + riga(QStringLiteral("Lì ") + in.oggi.toString(QStringLiteral("dd/MM/yy"))) + kVuota
                + riga(oppure(in.editField2, QStringLiteral("MANCA ASSISTITO!"))) + kVuota);

@@ -59,6 +59,6 @@ Documento Crea_testo(const DatiDocumento &in);
 // The place of the date line, out of utenza(3) ("00100 Roma" gives "Roma"):
 // characters with codes 65 to 122 are kept, a blank after something has been
 // kept ends the scan. "" when nothing was kept.
-QString estrai_luogo(const QString &citta);
+QString estraiLuogo(const QString &citta);
 
 } // namespace lumetra

@@ -113,9 +113,9 @@ QString Crea_abcde(std::span<const QString> list, int first, int last)
     return result;
 }
 
-QString riga_totale() { return QString(77, QLatin1Char(' ')) + QString(14, QChar(0x2014)); }
+QString rigaTotale() { return QString(77, QLatin1Char(' ')) + QString(14, QChar(0x2014)); }
 
-QString riga_importo(const QString &description, const QString &field1, const QString &field2, double amount)
+QString rigaImporto(const QString &description, const QString &field1, const QString &field2, double amount)
 {
     return spezzatesto(description, kLarghezzaVoce) + giustifica_testo(field1, 6) + giustifica_testo(field2, 14)
         + giustifica_testo(Format(amount, QStringLiteral("-#.00")) + QStringLiteral(" €"), 16);

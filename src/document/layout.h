@@ -28,9 +28,9 @@ QString Crea_abcde(std::span<const QString> list, int first, int last);
 
 // 77 blanks and 14 dashes "—": the rule over a total, its dashes over the
 // amount column. No line end.
-QString riga_totale();
+QString rigaTotale();
 // One money line without its line end: description, two optional fields (an
 // empty field counts as absent) and the amount through Format "-#.00" and " €".
-QString riga_importo(const QString &description, const QString &field1, const QString &field2, double amount);
+QString rigaImporto(const QString &description, const QString &field1, const QString &field2, double amount);
 
 } // namespace lumetra

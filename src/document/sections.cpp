@@ -11,11 +11,6 @@ namespace lumetra {
 namespace {
 
 const QString kMarcaDaBollo = QStringLiteral("Marca da bollo");
-const QString kAccontoDaRichiedere = QStringLiteral("Acconto da richiedere");
-const QString kAccontoPercepito = QStringLiteral("Acconto già percepito, da detrarre");
-
-bool iniziaCon(const QString &text, const QString &head) { return Eq(Left(text, Len(head)), head); }
-
 QString nomeVoce(const Tabella &dati, int r)
 {
     const QString &nome = dati.at(r, kColNome);
@@ -32,13 +27,13 @@ QString rigaVoce(const QString &name, const QString &quantita, double u, double 
             + giustifica_testo(Format(u, QStringLiteral("-#.00")), 14) + QStringLiteral(" =")
             + giustifica_testo(Format(a, QStringLiteral("-#.00")) + QStringLiteral(" €"), 14) + kFineRiga;
     }
-    return riga_importo(name, {}, {}, a) + kFineRiga;
+    return rigaImporto(name, {}, {}, a) + kFineRiga;
 }
 
 // The rule and the total line that close a section of more than one line.
 QString chiusura(const QString &description, double total)
 {
-    return riga_totale() + kFineRiga + riga_importo(description, {}, {}, total) + kFineRiga;
+    return rigaTotale() + kFineRiga + rigaImporto(description, {}, {}, total) + kFineRiga;
 }
 
 bool categoriaDellaSezione(const QString &categoria, int section)
@@ -70,9 +65,7 @@ Sezione Crea_onorari(const Tabella &dati, int section, const QString &valore, Ma
             continue;
         // The stamp is told by the table's text, whatever the user renamed it.
         const bool bollo = Eq(dati.at(r, kColVoce), kMarcaDaBollo);
-        double u = CDbl(dati.at(r, kColValore));
-        if (u <= 1)
-            u *= CDbl(valore);
+        const double u = importoUnitario(CDbl(dati.at(r, kColValore)), CDbl(valore));
         const double q = CDbl(dati.at(r, kColQuantita));
         const QString riga = rigaVoce(nomeVoce(dati, r), dati.at(r, kColQuantita), u, q);
         if (bollo) {
@@ -93,24 +86,25 @@ Sezione Crea_acconto(const Tabella &dati, int section)
 {
     if (section < 1 || section > 2)
         throw UnhandledFailure(QStringLiteral("sezione degli acconti %1 inesistente").arg(section));
-    const QString &tipo = section == 1 ? kAccontoDaRichiedere : kAccontoPercepito;
+    const auto delTipo
+        = [section](const QString &voce) { return section == 1 ? accontoDaRichiedere(voce) : accontoPercepito(voce); };
 
     // The letter is given to a lone advance requested. For the advances received
     // every own amount is counted, advance or not: that asymmetry is kept.
     int conteggio = 0;
     for (int r = 1; r <= dati.contatore(); ++r)
-        if (CDbl(dati.at(r, kColStato)) < 0 && (section == 2 || iniziaCon(dati.at(r, kColVoce), tipo)))
+        if (CDbl(dati.at(r, kColStato)) < 0 && (section == 2 || delTipo(dati.at(r, kColVoce))))
             ++conteggio;
     const QString prefisso = conteggio == 1 ? QStringLiteral("(A) ") : QString();
 
     Sezione out;
     int righe = 0;
     for (int r = 1; r <= dati.contatore(); ++r) {
-        if (CDbl(dati.at(r, kColStato)) >= 0 || !iniziaCon(dati.at(r, kColVoce), tipo))
+        if (CDbl(dati.at(r, kColStato)) >= 0 || !delTipo(dati.at(r, kColVoce)))
             continue;
         ++righe;
         double u = CDbl(dati.at(r, kColValore));
-        if (iniziaCon(dati.at(r, kColVoce), kAccontoPercepito))
+        if (accontoPercepito(dati.at(r, kColVoce)))
             u = -u;
         const double q = CDbl(dati.at(r, kColQuantita));
         out.totale += u * q;

@@ -23,17 +23,7 @@ bool fuoriParcella(const QString &stato)
 
 } // namespace
 
-bool acconto_da_richiedere(const Tabella &dati, int r)
-{
-    return Eq(Left(dati.at(r, kColVoce), 21), QStringLiteral("Acconto da richiedere"));
-}
-
-bool acconto_percepito(const Tabella &dati, int r)
-{
-    return Eq(Left(dati.at(r, kColVoce), 34), QStringLiteral("Acconto già percepito, da detrarre"));
-}
-
-VistaParcella vista_parcella(Tabella &dati, const QString &valore, int modo)
+VistaParcella vistaParcella(Tabella &dati, const QString &valore, int modo)
 {
     VistaParcella vista;
     const double q = Val(valore);
@@ -60,17 +50,12 @@ VistaParcella vista_parcella(Tabella &dati, const QString &valore, int modo)
         else if (m == 2)
             unitario = dati.at(r, c + 2);
         else if (m == 3)
-            unitario = CStr((CDbl(dati.at(r, c + 1)) + CDbl(dati.at(r, c + 2))) / 2);
+            unitario = CStr(mediaFascia(CDbl(dati.at(r, c + 1)), CDbl(dati.at(r, c + 2))));
 
-        // Above 1 an amount in euro; 1 or below a coefficient of the value.
         const double u = CDbl(unitario);
-        double a = u;
-        row[ParCoefficiente] = cella(QStringLiteral("1"), TipoTesto, AllineaCentro);
-        if (u <= 1) {
-            a = u * valoreImporti;
-            row[ParCoefficiente].testo = unitario;
-        }
-        if (acconto_percepito(dati, r))
+        double a = importoUnitario(u, valoreImporti);
+        row[ParCoefficiente] = cella(eCoefficiente(u) ? unitario : QStringLiteral("1"), TipoTesto, AllineaCentro);
+        if (accontoPercepito(dati.at(r, kColVoce)))
             a = -a;
         row[ParImporto] = cella(CStr(a), TipoTesto, AllineaDestra);
 
@@ -89,7 +74,7 @@ VistaParcella vista_parcella(Tabella &dati, const QString &valore, int modo)
     return vista;
 }
 
-void scegli_voce(Tabella &dati, int r, int casella, const QString &testoCella)
+void scegliVoce(Tabella &dati, int r, int casella, const QString &testoCella)
 {
     QString &stato = dati.at(r, kColStato);
     QString &unitario = dati.at(r, kColValore);
@@ -114,21 +99,21 @@ void scegli_voce(Tabella &dati, int r, int casella, const QString &testoCella)
     unitario = testoCella;
 }
 
-void rinomina_voce(Tabella &dati, int i, const QString &nome)
+void rinominaVoce(Tabella &dati, int i, const QString &nome)
 {
     dati.at(i, kColNome) = Eq(nome, dati.at(i, kColVoce)) ? QString() : nome;
 }
 
-void cambia_quantita(Tabella &dati, int i, const QString &quantita) { dati.at(i, kColQuantita) = quantita; }
+void cambiaQuantita(Tabella &dati, int i, const QString &quantita) { dati.at(i, kColQuantita) = quantita; }
 
-void togli_voce(Tabella &dati, int i)
+void togliVoce(Tabella &dati, int i)
 {
     dati.at(i, kColStato) = QStringLiteral("0");
     dati.at(i, kColValore) = QStringLiteral("0");
     dati.at(i, kColQuantita) = QStringLiteral("1");
 }
 
-QString testo_nota(const Tabella &dati, int i, const QString &voce)
+QString testoNota(const Tabella &dati, int i, const QString &voce)
 {
     const QString &nota = dati.at(i, kColNota);
     if (nota.isEmpty())
@@ -136,6 +121,6 @@ QString testo_nota(const Tabella &dati, int i, const QString &voce)
     return voce + QChar(13) + QStringLiteral("* ") + nota;
 }
 
-int riga_tariffa(const QString &rif) { return ToInteger(Val(rif)); }
+int rigaTariffa(const QString &rif) { return toInteger(Val(rif)); }
 
 } // namespace lumetra

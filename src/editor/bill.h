@@ -19,31 +19,26 @@ struct VistaParcella {
 
 // The bill list. valore is EditQuantum's text, modo PopImport's index.
 // Rewrites column 53 of every row on the bill from its selection state.
-VistaParcella vista_parcella(Tabella &dati, const QString &valore, int modo);
-
-// Whether tariff row r is an advance to be requested (it opens the calculator).
-bool acconto_da_richiedere(const Tabella &dati, int r);
-// Whether tariff row r is an advance already received (billed negated).
-bool acconto_percepito(const Tabella &dati, int r);
+VistaParcella vistaParcella(Tabella &dati, const QString &valore, int modo);
 
 // The pick: the box of Listbox1 ticked after the toggle (RicMin, RicMax,
 // RicMed, RicPers, or -1 for none) and that cell's text become columns 0 and
 // 53 of tariff row r.
-void scegli_voce(Tabella &dati, int r, int casella, const QString &testoCella);
+void scegliVoce(Tabella &dati, int r, int casella, const QString &testoCella);
 
 // Edits of a bill row, on tariff row i.
 // "Voce": a name equal to the table's, in any letter case, clears column 55.
-void rinomina_voce(Tabella &dati, int i, const QString &nome);
+void rinominaVoce(Tabella &dati, int i, const QString &nome);
 // "Quantità": stored as typed.
-void cambia_quantita(Tabella &dati, int i, const QString &quantita);
+void cambiaQuantita(Tabella &dati, int i, const QString &quantita);
 // "Totale" unticked: off the bill, quantity back to 1, the name kept.
-void togli_voce(Tabella &dati, int i);
+void togliVoce(Tabella &dati, int i);
 
 // What EditNota shows for a click on a list row: the row's "Voce" text, and
 // the note of tariff row i on a second line.
-QString testo_nota(const Tabella &dati, int i, const QString &voce);
+QString testoNota(const Tabella &dati, int i, const QString &voce);
 
 // The tariff row a list row refers to: the integer of Val of its cell 0.
-int riga_tariffa(const QString &rif);
+int rigaTariffa(const QString &rif);
 
 } // namespace lumetra

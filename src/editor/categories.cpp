@@ -4,12 +4,12 @@
 
 namespace lumetra {
 
-QStringList voci_importo()
+QStringList vociImporto()
 {
     return {QStringLiteral("Prestabilito"), QStringLiteral("Indeterminabile"), QStringLiteral("Importante")};
 }
 
-QStringList voci_categoria()
+QStringList vociCategoria()
 {
     return {QStringLiteral("SELEZIONA"),
             QStringLiteral("-"),

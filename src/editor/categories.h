@@ -8,10 +8,10 @@
 namespace lumetra {
 
 // PopImport's entries, indexes 0 to 2.
-QStringList voci_importo();
+QStringList vociImporto();
 
 // PopCatA's entries: "SELEZIONA", the divider "-", then the six categories.
-QStringList voci_categoria();
+QStringList vociCategoria();
 
 struct Sottocategorie {
     QString etichetta; // StaticTextPop's text

@@ -38,8 +38,8 @@ RigaRicerca riga(Tabella &dati, int r, double q, int modo)
     const double limite = CDbl(dati.at(r, c));
     const double minimo = CDbl(dati.at(r, c + 1));
     const double massimo = CDbl(dati.at(r, c + 2));
-    const double media = (minimo + massimo) / 2;
-    const int intero = ToInteger(media);
+    const double media = mediaFascia(minimo, massimo);
+    const int intero = toInteger(media);
 
     RigaRicerca row;
     row[RicRif] = testo(Str(r), AllineaCentro);
@@ -83,7 +83,7 @@ RigaRicerca riga(Tabella &dati, int r, double q, int modo)
 
 } // namespace
 
-bool passa_filtro(const Tabella &dati, int r, const FiltroRicerca &filtro)
+bool passaFiltro(const Tabella &dati, int r, const FiltroRicerca &filtro)
 {
     if (!stessoTesto(dati.at(r, kColCategoria), filtro.categoria))
         return false;
@@ -93,12 +93,12 @@ bool passa_filtro(const Tabella &dati, int r, const FiltroRicerca &filtro)
     return filtro.cerca.isEmpty() || dati.at(r, kColVoce).contains(filtro.cerca, Qt::CaseInsensitive);
 }
 
-std::vector<RigaRicerca> righe_ricerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo)
+std::vector<RigaRicerca> righeRicerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo)
 {
     const double q = Val(valore);
     std::vector<RigaRicerca> righe;
     for (int r = 1; r <= dati.contatore(); ++r) {
-        if (passa_filtro(dati, r, filtro))
+        if (passaFiltro(dati, r, filtro))
             righe.push_back(riga(dati, r, q, modo));
     }
     return righe;

@@ -17,10 +17,10 @@ struct FiltroRicerca {
 };
 
 // Whether tariff row r passes the filter of the listing.
-bool passa_filtro(const Tabella &dati, int r, const FiltroRicerca &filtro);
+bool passaFiltro(const Tabella &dati, int r, const FiltroRicerca &filtro);
 
 // The rows of the listing. valore is EditQuantum's text, modo PopImport's
 // index. Writes column 53 of every listed row that is ticked.
-std::vector<RigaRicerca> righe_ricerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo);
+std::vector<RigaRicerca> righeRicerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo);
 
 } // namespace lumetra

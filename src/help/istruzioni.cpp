@@ -1,22 +1,16 @@
 #include "help/istruzioni.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include "core/paths.h"
+
 #include <QFile>
 
 namespace lumetra {
-
-namespace {
-QString g_executableFolder;
-}
 
 IstruzioniState &x_istruzioni()
 {
     static IstruzioniState state;
     return state;
 }
-
-void setIstruzioniExecutableFolder(const QString &folder) { g_executableFolder = folder; }
 
 QByteArray istruzioni()
 {
@@ -26,10 +20,7 @@ QByteArray istruzioni()
     // Set before the file is looked at: a failed read is not tried again.
     s.loaded = true;
 
-    QDir folder(g_executableFolder.isEmpty() ? QCoreApplication::applicationDirPath() : g_executableFolder);
-    if (!folder.cdUp() || !folder.cd(QStringLiteral("Resources")))
-        return s.permaText;
-    QFile file(folder.filePath(QStringLiteral("istruzioni.rtf")));
+    QFile file(shippedFile(QStringLiteral("istruzioni.rtf")));
     if (!file.open(QIODevice::ReadOnly))
         return s.permaText;
     s.permaText = file.readAll();

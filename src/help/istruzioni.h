@@ -1,7 +1,6 @@
 #pragma once
-// The user's manual: an RTF file in a "Resources" folder beside the folder of
-// the executable, as in an application bundle. It is read from the disk once a
-// run; the help window parses it each time it opens.
+// The user's manual, istruzioni.rtf, shipped with the program. It is read from
+// the disk once a run; the help window parses it each time it opens.
 
 #include <QByteArray>
 #include <QString>
@@ -18,9 +17,5 @@ IstruzioniState &x_istruzioni();
 // The manual's bytes, read at the first call. A missing folder or file gives an
 // empty text, and is not looked for again in this run.
 QByteArray istruzioni();
-
-// The folder that stands for the executable's; tests put it elsewhere, an empty
-// text restores the real one.
-void setIstruzioniExecutableFolder(const QString &folder);
 
 } // namespace lumetra

@@ -20,7 +20,7 @@ TEST(Advance, WorkedExampleBothWays)
         {1, "abc", true, ",00|,00|,00"},           {0, "1.2.3", true, ",05|,26|1,51"}, // Val reads 1.2
     };
     for (const auto &c : cases) {
-        const TestiAcconto t = testi_acconto(c.campo, u(c.typed), c.iva);
+        const TestiAcconto t = testiAcconto(c.campo, u(c.typed), c.iva);
         EXPECT_EQ(t.cpa + u("|") + t.iva + u("|") + t.altro, u(c.shown)) << c.typed << " " << c.iva;
     }
 }
@@ -30,7 +30,7 @@ TEST(Advance, FiguresInTheirOrderOfOperations)
     // Bit for bit the doubles of the calculator's steps, in their order.
     for (double x : {1258.4, 0.1, 333.33, 77.47, 1e6}) {
         for (double p : {1.0, 0.0}) {
-            const ContoAcconto n = lordo_da_netto(x, p == 1), g = netto_da_lordo(x, p == 1);
+            const ContoAcconto n = lordoDaNetto(x, p == 1), g = nettoDaLordo(x, p == 1);
             const double s = x + 0.04 * x, ig = ((x / 1.21) * 0.21) * p, cg = ((x - ig) / 1.04) * 0.04;
             EXPECT_EQ(std::tuple(n.cpa, n.iva, n.altro), std::tuple(0.04 * x, (s * 0.21) * p, s + (s * 0.21) * p));
             EXPECT_EQ(std::tuple(g.iva, g.cpa, g.altro), std::tuple(ig, cg, (x - ig) - cg));

@@ -1,4 +1,5 @@
 #include "core/tariff.h"
+#include "core/text_functions.h"
 #include "tariffa/sorgente_tariffa.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +75,8 @@ TEST(SorgenteTariffa, FileBytesLoadBackAsTheTable)
                          "Diritti\nAltro\nCaff\x88\n\xdb 5\n600\n6\n6\n> 600\n0,02\n0,03\nINDET.\n0\n0\n"
                          "IMPORT.\n0\n0\n**********\n"));
 
-    EXPECT_DOUBLE_EQ(fascia(caricaTabella(file.bytes), 2, 1000, Prestabilito).massimo, 0.03);
+    const Tabella dati = caricaTabella(file.bytes);
+    EXPECT_DOUBLE_EQ(CDbl(dati.at(2, cerca_scaglione(dati, 2, 1000, Prestabilito) + 2)), 0.03);
 }
 
 TEST(SorgenteTariffa, FaultsNameTheLineAndWriteNothing)

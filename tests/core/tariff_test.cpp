@@ -81,11 +81,25 @@ TEST(Tariff, BandSelection)
         {0, Importante, 17, 90, 150},         {3000, 7, 5, 10, 20},
     };
     for (const auto &[value, mode, column, min, max] : cases) {
-        const Fascia f = fascia(t, 1, value, mode);
-        EXPECT_EQ(f.colonna, column) << value << " mode " << mode;
-        EXPECT_EQ(std::pair(f.minimo, f.massimo), std::pair(min, max)) << value;
-        EXPECT_DOUBLE_EQ(f.media, (min + max) / 2);
+        const int c = cerca_scaglione(t, 1, value, mode);
+        EXPECT_EQ(c, column) << value << " mode " << mode;
+        EXPECT_EQ(std::pair(CDbl(t.at(1, c + 1)), CDbl(t.at(1, c + 2))), std::pair(min, max)) << value;
     }
+}
+
+TEST(Tariff, MoneyRules)
+{
+    // A unit value of 1 or less is a coefficient of the value of the dispute.
+    const std::tuple<double, double, double> units[]
+        = {{0.02, 8000, 160}, {1, 3000, 3000}, {1.01, 3000, 1.01}, {60, 0, 60}, {0, 3000, 0}};
+    for (const auto &[unit, value, amount] : units)
+        EXPECT_DOUBLE_EQ(importoUnitario(unit, value), amount) << unit;
+    EXPECT_DOUBLE_EQ(mediaFascia(0.01, 0.02), 0.015);
+    // The advance items are told by the start of their text, case-blind.
+    EXPECT_TRUE(accontoDaRichiedere(QStringLiteral("acconto da richiedere (saldo)")));
+    EXPECT_FALSE(accontoDaRichiedere(QStringLiteral("Acconto da richieder")));
+    EXPECT_TRUE(accontoPercepito(QString::fromUtf8("Acconto già percepito, da detrarre il 5/11")));
+    EXPECT_FALSE(accontoPercepito(QStringLiteral("Acconto gia percepito, da detrarre")));
 }
 
 TEST(Tariff, ScansThatRunPastColumn55Fail)

@@ -61,7 +61,7 @@ TEST(Tariffa2004, EveryItemCarriesTheKeysOfTheMenus)
     const Tabella &dati = tariffa();
     std::map<QString, int> perCategoria;
     for (int r = 1; r <= dati.contatore(); ++r) {
-        const qsizetype i = voci_categoria().indexOf(dati.at(r, 1));
+        const qsizetype i = vociCategoria().indexOf(dati.at(r, 1));
         ASSERT_GE(i, 2) << descrivi(r); // past "SELEZIONA" and the divider
         EXPECT_TRUE(sottocategorie(int(i)).voci.contains(dati.at(r, 2))) << descrivi(r);
         EXPECT_FALSE(dati.at(r, 3).trimmed().isEmpty()) << r;
@@ -144,9 +144,9 @@ TEST(Tariffa2004, VerifiedTablesGiveTheDecreesFigures)
         const int r = rigaDi(categoria, sottocategoria, voce);
         if (r == 0)
             continue;
-        const Fascia f = fascia(tariffa(), r, valore, modo);
-        EXPECT_EQ(tariffa().at(r, f.colonna), u(limite)) << voce << " q=" << valore;
-        EXPECT_DOUBLE_EQ(f.minimo, minimo) << voce << " q=" << valore;
-        EXPECT_DOUBLE_EQ(f.massimo, massimo) << voce << " q=" << valore;
+        const int c = cerca_scaglione(tariffa(), r, valore, modo);
+        EXPECT_EQ(tariffa().at(r, c), u(limite)) << voce << " q=" << valore;
+        EXPECT_DOUBLE_EQ(CDbl(tariffa().at(r, c + 1)), minimo) << voce << " q=" << valore;
+        EXPECT_DOUBLE_EQ(CDbl(tariffa().at(r, c + 2)), massimo) << voce << " q=" << valore;
     }
 }

@@ -31,7 +31,7 @@ TEST(TextFunctions, StringsAndIntegers)
         EXPECT_EQ(actual, q(expected));
     const std::pair<long long, long long> numbers[] = {
         {Len(q("Città")), 5}, {Asc(q("à")), 224}, {Asc(QString()), 0},     {Sign(-3.5), -1},
-        {Sign(0), 0},         {Sign(1e-300), 1},  {ToInteger(-37.5), -37},
+        {Sign(0), 0},         {Sign(1e-300), 1},  {toInteger(-37.5), -37},
     };
     for (const auto &[actual, expected] : numbers)
         EXPECT_EQ(actual, expected);

@@ -10,12 +10,12 @@ using namespace lumetra::test;
 TEST(BillView, CellKindsAndTheTotalRow)
 {
     Tabella dati = tariffaPiccola();
-    EXPECT_EQ(vista_parcella(dati, u("3000"), Prestabilito).righe.at(1)[ParTotale].testo, u("0"));
+    EXPECT_EQ(vistaParcella(dati, u("3000"), Prestabilito).righe.at(1)[ParTotale].testo, u("0"));
 
     dati.at(kEsameStudio, kColStato) = u("2");
     dati.at(kNotifica, kColStato) = u("-20");
     dati.at(kNotifica, kColNome) = u("Notifiche a mezzo posta");
-    const VistaParcella v = vista_parcella(dati, u("3000"), Prestabilito);
+    const VistaParcella v = vistaParcella(dati, u("3000"), Prestabilito);
     ASSERT_EQ(v.righe.size(), 4u);
     QString kinds;
     for (const Cella &c : v.righe[1])
@@ -53,7 +53,7 @@ TEST(BillView, UnitValuesAndTheValueOfTheDispute)
         Tabella dati = tariffaPiccola();
         dati.at(c.row, kColStato) = u(c.stato);
         dati.at(c.row, kColQuantita) = u(c.quantita);
-        const VistaParcella v = vista_parcella(dati, u(c.valore), c.modo);
+        const VistaParcella v = vistaParcella(dati, u(c.valore), c.modo);
         ASSERT_EQ(v.righe.size(), 3u) << c.stato;
         const auto &r = v.righe[0];
         EXPECT_EQ(r[ParCoefficiente].testo + u("|") + r[ParImporto].testo + u("|") + r[ParTotale].testo, u(c.shown))
@@ -68,13 +68,13 @@ TEST(BillView, UnknownStatesKeepColumn53AndBrokenRowsFail)
     Tabella dati = tariffaPiccola();
     dati.at(kEsameDocumenti, kColStato) = u("4");
     dati.at(kEsameDocumenti, kColValore) = u("33");
-    EXPECT_EQ(vista_parcella(dati, u("3000"), Prestabilito).righe.at(0)[ParImporto].testo, u("33"));
+    EXPECT_EQ(vistaParcella(dati, u("3000"), Prestabilito).righe.at(0)[ParImporto].testo, u("33"));
     EXPECT_EQ(dati.at(kEsameDocumenti, kColValore), u("33"));
 
     Tabella rotta = tabella({{u("Spese"), u("Spese"), u("Rotta"), QString(), u("100"), u("1"), u("2")}});
     rotta.at(1, kColStato) = u("-5");
-    EXPECT_NO_THROW(vista_parcella(rotta, u("50"), Prestabilito));
-    EXPECT_THROW(vista_parcella(rotta, u("500"), Prestabilito), UnhandledFailure);
+    EXPECT_NO_THROW(vistaParcella(rotta, u("50"), Prestabilito));
+    EXPECT_THROW(vistaParcella(rotta, u("500"), Prestabilito), UnhandledFailure);
 }
 
 TEST(Pick, WritesStateAndUnitValue)
@@ -92,15 +92,9 @@ TEST(Pick, WritesStateAndUnitValue)
         Tabella dati = tariffaPiccola();
         dati.at(kEsameDocumenti, kColQuantita) = u("3");
         dati.at(kEsameDocumenti, kColNome) = u("Nome");
-        scegli_voce(dati, kEsameDocumenti, c.casella, u(c.cell));
+        scegliVoce(dati, kEsameDocumenti, c.casella, u(c.cell));
         EXPECT_EQ(dati.at(kEsameDocumenti, kColStato) + u("/") + dati.at(kEsameDocumenti, kColValore),
                   u(c.stato) + u("/") + u(c.col53));
         EXPECT_EQ(dati.at(kEsameDocumenti, kColQuantita) + dati.at(kEsameDocumenti, kColNome), u("3Nome"));
     }
-
-    Tabella acconti = tabella({{u("Acconti"), u("Acconti"), u("ACCONTO DA RICHIEDERE al cliente")},
-                               {u("Acconti"), u("Acconti"), u("Acconto da richiede")},
-                               {u("Acconti"), u("Acconti"), u("Acconto già percepito, da detrarre in parte")}});
-    EXPECT_TRUE(acconto_da_richiedere(acconti, 1) && acconto_percepito(acconti, 3));
-    EXPECT_FALSE(acconto_da_richiedere(acconti, 2) || acconto_percepito(acconti, 1));
 }

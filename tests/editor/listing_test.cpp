@@ -54,7 +54,7 @@ TEST(Listing, BandTicksAndColumn53)
         Tabella dati = tariffaPiccola();
         dati.at(kEsameDocumenti, kColStato) = u(c.stato);
         dati.at(kEsameDocumenti, kColValore) = u("7");
-        const auto righe = righe_ricerca(dati, filtro("Diritti", "Processo di esecuzione"), u(c.valore), c.modo);
+        const auto righe = righeRicerca(dati, filtro("Diritti", "Processo di esecuzione"), u(c.valore), c.modo);
         ASSERT_EQ(righe.size(), 1u) << c.valore;
         EXPECT_EQ(testi(righe[0], 0), u("6|Esame dei documenti (*)|") + u(c.cells)) << c.valore << " " << c.stato;
         for (int col = RicMin; col <= RicPers; ++col)
@@ -76,7 +76,7 @@ TEST(Listing, CellKindsFollowTheFigures)
     };
     for (const auto &c : cases) {
         Tabella dati = voce(c.min, c.max);
-        const auto righe = righe_ricerca(dati, filtro("Spese", "Spese"), QString(), Prestabilito);
+        const auto righe = righeRicerca(dati, filtro("Spese", "Spese"), QString(), Prestabilito);
         ASSERT_EQ(righe.size(), 1u) << c.min;
         const RigaRicerca &r = righe[0];
         EXPECT_EQ(testi(r, 1), u("Voce|—|") + u(c.cells)) << c.min; // limit 0: the dash
@@ -92,7 +92,7 @@ TEST(Listing, CellKindsFollowTheFigures)
     // A tick on a cell that shows the dash still holds, and copies the dash.
     Tabella dati = voce("25", "25");
     dati.at(1, kColStato) = u("2");
-    EXPECT_TRUE(righe_ricerca(dati, filtro("Spese", "Spese"), QString(), Prestabilito).at(0)[RicMax].spunta);
+    EXPECT_TRUE(righeRicerca(dati, filtro("Spese", "Spese"), QString(), Prestabilito).at(0)[RicMax].spunta);
     EXPECT_EQ(dati.at(1, kColValore), u("—"));
 }
 
@@ -112,7 +112,7 @@ TEST(Listing, FilterOnCategoryAndItemText)
     for (const auto &c : cases) {
         Tabella dati = tariffaPiccola();
         QStringList rows;
-        for (const auto &r : righe_ricerca(dati, filtro(c.a, c.b, c.cerca), u("3000"), Prestabilito))
+        for (const auto &r : righeRicerca(dati, filtro(c.a, c.b, c.cerca), u("3000"), Prestabilito))
             rows << r[RicRif].testo;
         EXPECT_EQ(rows.join(u("|")), u(c.rows)) << c.a << " / " << c.b << " / " << c.cerca;
     }
@@ -122,8 +122,8 @@ TEST(Listing, OnlyListedRowsAreScanned)
 {
     // A record with no band that ends the scan fails when it is listed, not before.
     Tabella dati = tabella({{u("Spese"), u("Spese"), u("Rotta"), QString(), u("100"), u("1"), u("2")}});
-    EXPECT_EQ(righe_ricerca(dati, filtro("Diritti", "Altro"), u("500"), Prestabilito).size(), 0u);
-    EXPECT_EQ(righe_ricerca(dati, filtro("Spese", "Spese"), u("50"), Prestabilito).size(), 1u);
-    EXPECT_THROW(righe_ricerca(dati, filtro("Spese", "Spese"), u("500"), Prestabilito), UnhandledFailure);
-    EXPECT_THROW(righe_ricerca(dati, filtro("Spese", "Spese"), u("50"), Indeterminabile), UnhandledFailure);
+    EXPECT_EQ(righeRicerca(dati, filtro("Diritti", "Altro"), u("500"), Prestabilito).size(), 0u);
+    EXPECT_EQ(righeRicerca(dati, filtro("Spese", "Spese"), u("50"), Prestabilito).size(), 1u);
+    EXPECT_THROW(righeRicerca(dati, filtro("Spese", "Spese"), u("500"), Prestabilito), UnhandledFailure);
+    EXPECT_THROW(righeRicerca(dati, filtro("Spese", "Spese"), u("50"), Indeterminabile), UnhandledFailure);
 }

@@ -1,3 +1,4 @@
+#include "core/paths.h"
 #include "help/istruzioni.h"
 #include "richtext/rtf_reader.h"
 
@@ -10,12 +11,12 @@
 using namespace lumetra;
 using namespace Qt::StringLiterals;
 
-TEST(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
+TEST(Istruzioni, ReadOnceARun)
 {
     QTemporaryDir dir;
-    QDir(dir.path()).mkpath(u"bin/Resources"_s);
+    QDir(dir.path()).mkpath(u"bin"_s);
     QDir(dir.path()).mkpath(u"Resources"_s);
-    setIstruzioniExecutableFolder(dir.filePath(u"bin"_s));
+    setExecutableFolder(dir.filePath(u"bin"_s));
     const QString path = dir.filePath(u"Resources/istruzioni.rtf"_s);
 
     // A missing manual is not looked for again.
@@ -24,8 +25,7 @@ TEST(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
     test::writeBytes(path, "{\\rtf1 tardi}");
     EXPECT_EQ(istruzioni(), QByteArray());
 
-    // Not from a Resources folder inside the executable's; the bytes as they are.
-    test::writeBytes(dir.filePath(u"bin/Resources/istruzioni.rtf"_s), "{\\rtf1 qui}");
+    // The bytes as they are, read at the first call only.
     const QByteArray manual("{\\rtf1 Citt\xe0\r\n}");
     test::writeBytes(path, manual);
     x_istruzioni() = {};
@@ -33,7 +33,7 @@ TEST(Istruzioni, ReadOnceARunFromResourcesBesideTheExecutablesFolder)
     test::writeBytes(path, "{\\rtf1 nuovo}");
     EXPECT_EQ(istruzioni(), manual);
 
-    setIstruzioniExecutableFolder(QString());
+    setExecutableFolder(QString());
     x_istruzioni() = {};
 }
 

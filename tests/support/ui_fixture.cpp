@@ -1,7 +1,9 @@
 #include "support/ui_fixture.h"
 
+#include "app/app.h"
 #include "core/globali.h"
-#include "core/ui/app.h"
+#include "core/paths.h"
+#include "core/quit.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,10 +49,12 @@ bool FakeDialogs::printerDialog(QPrinter &printer)
 void UiTest::SetUp()
 {
     ASSERT_TRUE(dir.isValid());
-    setApplicationFolder(dir.path());
+    setExecutableFolder(dir.path());
+    setUserDataFolder(dir.filePath(QStringLiteral("utente")));
     setDialogs(&fake);
     globali() = Globali{};
     App::failureSink() = [](const QString &message) { ADD_FAILURE() << message.toStdString(); };
+    App::setStarted(true); // a failure is told and the program goes on
     quits.clear();
     quitHandler() = [this](int code) { quits << code; };
     m_watchdog.setInterval(20);
@@ -86,7 +90,8 @@ void UiTest::TearDown()
     }
     settle();
     setDialogs(nullptr);
-    setApplicationFolder(QString());
+    setExecutableFolder(QString());
+    setUserDataFolder(QString());
 }
 
 QString UiTest::folderPath(const QString &name) const { return dir.filePath(name); }

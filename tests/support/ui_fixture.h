@@ -1,5 +1,6 @@
 #pragma once
-// One fixture for widget tests: the program's folder is a temporary directory,
+// One fixture for widget tests: the program's folder is a temporary directory
+// (its per-user data folder the subfolder "utente"),
 // the dialogs are answered by the test, and a modal window that the test did
 // not expect is closed and reported instead of hanging the run.
 
@@ -37,7 +38,8 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Path in the program's (temporary) folder.
+    // Path in the program's (temporary) folder, where a portable copy keeps
+    // utenza.txt too.
     QString folderPath(const QString &name) const;
     void writeFile(const QString &name, const QByteArray &bytes) const;
     // Copies a file of tests/data into the program's folder.

@@ -1,4 +1,4 @@
-#include "core/ui/app.h"
+#include "app/app.h"
 
 #include <gtest/gtest.h>
 

@@ -1,26 +1,26 @@
 // lumetra-render: turns a saved bill into the document the program would
 // compose for it, as text, RTF, style map, bill list or tariff listing.
 //
-// The steps are the program's: load the tariff and the user data, pick the
-// kind of value in PopImport, open the bill as "Apri.." does, rebuild the
-// lists, then compose.
+// The steps are the program's: load the tariff and the user data, open the
+// bill as "Apri.." does, rebuild the bill list, then compose.
 
 #include "core/bill_file.h"
 #include "core/failure.h"
 #include "core/tariff.h"
 #include "core/text_functions.h"
 #include "core/user_data.h"
+#include "core/value_filter.h"
 #include "document/composer.h"
 #include "document/crea_stile.h"
 #include "editor/bill.h"
 #include "editor/categories.h"
 #include "editor/listing.h"
-#include "editor/value_filter.h"
 #include "richtext/rtf_writer.h"
 
 #include <QCoreApplication>
 #include <QDate>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 #include <cstdio>
@@ -121,15 +121,15 @@ Options parse(const QStringList &args)
 
 QByteArray readFile(const QString &path, const char *what)
 {
+    // A FIFO or a device would block the run or fill the memory.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+        throw ReadError{QStringLiteral("the %1 %2 is not a regular file").arg(QString::fromLatin1(what), path)};
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly))
         throw ReadError{
             QStringLiteral("cannot read the %1 %2: %3").arg(QString::fromLatin1(what), path, f.errorString())};
     return f.readAll();
 }
-
-// Text the program sets into EditQuantum goes through its filter.
-QString throughFilter(const QString &text) { return filtra_valore(text).value_or(text); }
 
 void write(const QByteArray &bytes) { std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout); }
 
@@ -142,23 +142,17 @@ int run(const Options &o)
     if (QFile::exists(o.user))
         utenza = leggiUtenza(readFile(o.user, "user data"));
 
-    // PopImport_Change: the kind of value picked in the menu.
-    QString editQuantum;
-    if (o.mode >= 1)
-        editQuantum = throughFilter(voci_importo().at(o.mode) + QLatin1Char(' '));
-
-    // "Apri..": the bill's head into the fields, then its rows into the table.
-    const LetturaParcella lettura = leggiParcella(readFile(o.bill, "bill"), dati.contatore());
+    // "Apri..": the program's own path, the rows into the table and the head
+    // for the fields; EditQuantum takes the value through its filter.
+    const LetturaParcella lettura = apriParcella(readFile(o.bill, "bill"), dati);
     if (lettura.esito == EsitoLettura::NonParcella)
         throw ReadError{QStringLiteral("%1 is not a bill").arg(o.bill)};
     if (lettura.esito == EsitoLettura::SenzaFine)
         throw ReadError{QStringLiteral("%1 ends inside a section").arg(o.bill)};
-    editQuantum = throughFilter(lettura.testa.editQuantum);
-    applicaRighe(lettura.righe, dati);
+    const QString editQuantum = filtraValore(lettura.testa.editQuantum).value_or(lettura.testa.editQuantum);
 
-    // mostra_ricerca with PopCatA at "SELEZIONA", which ends in mostra_notaspese.
-    righe_ricerca(dati, {voci_categoria().at(0), QString(), QString()}, editQuantum, o.mode);
-    const VistaParcella vista = vista_parcella(dati, editQuantum, o.mode);
+    // mostra_notaspese, as every rebuild of the lists ends: it reprices column 53.
+    const VistaParcella vista = vistaParcella(dati, editQuantum, o.mode);
 
     const auto documento = [&] {
         return Crea_testo({.dati = dati,
@@ -192,9 +186,9 @@ int run(const Options &o)
             out += cells.join(QLatin1Char('\t')).toUtf8() + '\n';
         }
     } else { // listing
-        const FiltroRicerca filtro{o.category.value_or(voci_categoria().at(0)), o.subcategory.value_or(QString()),
+        const FiltroRicerca filtro{o.category.value_or(vociCategoria().at(0)), o.subcategory.value_or(QString()),
                                    o.search.value_or(QString())};
-        for (const RigaRicerca &riga : righe_ricerca(dati, filtro, editQuantum, o.mode)) {
+        for (const RigaRicerca &riga : righeRicerca(dati, filtro, editQuantum, o.mode)) {
             QStringList cells;
             int ticked = 0;
             for (int c = 0; c < int(riga.size()); ++c) {

@@ -1,6 +1,7 @@
 #include "tariffa/sorgente_tariffa.h"
 
 #include "core/encodings.h"
+#include "core/tariff.h"
 
 #include <QRegularExpression>
 #include <optional>
@@ -10,11 +11,9 @@ namespace lumetra {
 
 namespace {
 
-const QString kSeparatore = QStringLiteral("**********");
 const QString kIndet = QStringLiteral("INDET.");
 const QString kImport = QStringLiteral("IMPORT.");
 const QString kAperta = QStringLiteral("> ");
-constexpr int kPrimaFascia = 5; // column of the first limit
 constexpr int kMaxColonne = 52; // 4 texts and 16 bands
 
 // Figures as the program reads them with its decimal comma, and nothing else:
@@ -86,18 +85,18 @@ QStringList difettiRecord(const RecordTariffa &record)
     }
     if (n > kMaxColonne)
         difetti << QStringLiteral("più di 16 fasce (%1 colonne, al massimo %2)").arg(n).arg(kMaxColonne);
-    if (n < kPrimaFascia + 2) {
+    if (n < kColPrimaFascia + 2) {
         difetti << QStringLiteral("nessuna fascia di valore");
         return difetti;
     }
-    if ((n - kPrimaFascia + 1) % 3 != 0)
+    if ((n - kColPrimaFascia + 1) % 3 != 0)
         difetti << QStringLiteral("l'ultima fascia non ha limite, minimo e massimo");
 
     // Bands by amount, then the open band, then INDET. and IMPORT.
     enum Fase { Importi, DopoAperta, Finali } fase = Importi;
     std::optional<double> ultimoLimite;
     bool aperta = false, indet = false, import = false;
-    for (int c = kPrimaFascia; c + 2 <= n; c += 3) {
+    for (int c = kColPrimaFascia; c + 2 <= n; c += 3) {
         const QString &limite = record[c - 1];
         const QString dove = QStringLiteral("colonna %1: ").arg(c);
         const auto minimo = cifra(record[c]);
@@ -111,7 +110,7 @@ QStringList difettiRecord(const RecordTariffa &record)
 
         if (limite == kIndet || limite == kImport) {
             bool &visto = limite == kIndet ? indet : import;
-            if (c == kPrimaFascia)
+            if (c == kColPrimaFascia)
                 difetti << dove + testo(limite) + QStringLiteral(" non può essere la prima fascia");
             if (visto)
                 difetti << dove + testo(limite) + QStringLiteral(" ripetuto");
@@ -119,7 +118,7 @@ QStringList difettiRecord(const RecordTariffa &record)
             fase = Finali;
         } else if (limite.startsWith(kAperta)) {
             const auto soglia = cifra(limite.mid(kAperta.size()));
-            if (c == kPrimaFascia)
+            if (c == kColPrimaFascia)
                 difetti << dove + QStringLiteral("la fascia aperta non può essere la prima");
             else if (fase != Importi)
                 difetti << dove + QStringLiteral("fascia aperta fuori posto");

@@ -3,12 +3,11 @@
 #include "advance/advance.h"
 #include "core/globali.h"
 #include "core/text_functions.h"
+#include "core/ui/edit_field.h"
 #include "core/ui/look.h"
-#include "editor/ui/edit_field.h"
-#include "editor/ui/finestra.h"
-#include "editor/ui/listbox.h"
-#include "editor/value_filter.h"
+#include "core/value_filter.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
@@ -48,7 +47,7 @@ EditLine *campo(QWidget *parent, int index, QRect geometry)
 
 } // namespace
 
-fin_acconto::fin_acconto() : QDialog(finestra::existing())
+fin_acconto::fin_acconto() : QDialog(QApplication::activeWindow())
 {
     setObjectName(QStringLiteral("fin_acconto"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -118,13 +117,13 @@ void fin_acconto::EditQNL_TextChange(int index)
     auto &g = globali();
     if (!automat) {
         EditLine *campo = EditQNL[size_t(index)];
-        if (const auto filtrato = filtra_valore(campo->Text())) {
+        if (const auto filtrato = filtraValore(campo->Text())) {
             campo->setText(*filtrato);
             campo->end(false);
         }
         // Each computation writes the other field, and starts none there.
         automat = true;
-        const TestiAcconto t = testi_acconto(index, campo->Text(), g.iva);
+        const TestiAcconto t = testiAcconto(index, campo->Text(), g.iva);
         StaticTcpa->setText(t.cpa);
         StaticTiva2->setText(t.iva);
         EditQNL[index == 1 ? 0 : 1]->setText(t.altro);
@@ -135,29 +134,10 @@ void fin_acconto::EditQNL_TextChange(int index)
 
 void fin_acconto::PushButton1_Action() { close(); }
 
-void fin_acconto::Event_Close()
+QString fin_acconto::ShowModal()
 {
-    auto &g = globali();
-    const int row = ToInteger(CDbl(g.acconto_calcolato[1]));
-    const int column = ToInteger(CDbl(g.acconto_calcolato[2]));
-    const int r = ToInteger(CDbl(g.acconto_calcolato[3]));
-    finestra &w = finestra::instance();
-    w.Listbox1->setCell(row, column, g.acconto_calcolato[0]);
-    g.dati.at(r, kColStato) = QLatin1Char('-') + g.acconto_calcolato[0];
-    g.dati.at(r, kColValore) = g.acconto_calcolato[0];
-    w.mostra_notaspese();
-}
-
-void fin_acconto::ShowModal() { exec(); }
-
-void fin_acconto::done(int result)
-{
-    // Return, Escape, "Inserisci" and the close button all end here.
-    if (!m_chiusa) {
-        m_chiusa = true;
-        Event_Close();
-    }
-    QDialog::done(result);
+    exec();
+    return globali().acconto_calcolato[0];
 }
 
 } // namespace lumetra

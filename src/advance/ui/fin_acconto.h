@@ -1,7 +1,7 @@
 #pragma once
 // "Computa Acconto": the net advance and the gross sum, each worked out from
-// the other as the user types. Closing the window, however it is closed, puts
-// the net sum on the bill: there is no cancel.
+// the other as the user types. However the window is closed, the net sum goes
+// back to the caller, which puts it on the bill: there is no cancel.
 
 #include "core/ui/implicit.h"
 
@@ -23,9 +23,9 @@ public:
     fin_acconto();
 
     void Event_Open();
-    void Event_Close();
-    // Runs modally; the window is gone when this returns.
-    void ShowModal();
+    // Runs modally and returns the net sum, acconto_calcolato(0); the window
+    // is gone when this returns.
+    QString ShowModal();
 
     void EditQNL_TextChange(int index);
     bool EditQNL_KeyDown(int index, QKeyEvent *key);
@@ -45,11 +45,6 @@ public:
     QFrame *Line1;
     QLabel *StaticText5;
     QPushButton *PushButton1;
-
-    void done(int result) override;
-
-private:
-    bool m_chiusa = false;
 };
 
 } // namespace lumetra

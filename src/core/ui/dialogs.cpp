@@ -1,8 +1,11 @@
 #include "core/ui/dialogs.h"
 
+#include "core/globali.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -12,21 +15,37 @@ namespace lumetra {
 namespace {
 Dialogs g_platform;
 Dialogs *g_current = &g_platform;
+QString g_lastFolder;
 
-QString dialogFolder() { return QDir::homePath(); }
+QString dialogFolder()
+{
+    const QString &bill = globali().file_attuale;
+    for (const QString &folder : {bill.isEmpty() ? QString() : QFileInfo(bill).absolutePath(), g_lastFolder})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
+}
+
+QString remember(const QString &path)
+{
+    if (!path.isEmpty())
+        g_lastFolder = QFileInfo(path).absolutePath();
+    return path;
+}
 } // namespace
 
 void Dialogs::messageBox(const QString &text)
 {
     QString shown = text;
     shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Lumetra"), shown, QMessageBox::Ok);
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Lumetra"), shown, QMessageBox::Ok,
+                    QApplication::activeWindow());
     box.exec();
 }
 
 QString Dialogs::openFile(const QString &filter)
 {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), dialogFolder(), filter);
+    return remember(QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), dialogFolder(), filter));
 }
 
 QString Dialogs::saveFile(const QString &filter, const QString &proposedName)
@@ -36,7 +55,7 @@ QString Dialogs::saveFile(const QString &filter, const QString &proposedName)
     dialog.selectFile(proposedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    return dialog.selectedFiles().constFirst();
+    return remember(dialog.selectedFiles().constFirst());
 }
 
 bool Dialogs::printerDialog(QPrinter &printer)

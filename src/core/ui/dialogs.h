@@ -1,5 +1,5 @@
 #pragma once
-// The platform's dialogs behind one seam, so that tests can answer them.
+// The system's dialogs behind one seam, so that tests can answer them.
 
 #include <QString>
 
@@ -11,17 +11,18 @@ namespace lumetra {
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
-    // MsgBox: "\r" in the text is a line break.
+    // A message with an "OK" button; "\r" in the text is a line break.
     virtual void messageBox(const QString &text);
-    // GetOpenFolderItem / GetSaveFolderItem: an empty result is a cancel.
+    // The file chosen to open or to save to; an empty result is a cancel. They
+    // open in the folder of the current bill, else in the last one used.
     virtual QString openFile(const QString &filter);
     virtual QString saveFile(const QString &filter, const QString &proposedName);
-    // OpenPrinterDialog: false is a cancel.
+    // The printer chosen; false is a cancel.
     virtual bool printerDialog(QPrinter &printer);
 };
 
 Dialogs &dialogs();
-// Replaces the dialogs (tests); nullptr restores the platform's.
+// Replaces the dialogs (tests); nullptr restores the system's.
 void setDialogs(Dialogs *replacement);
 
 } // namespace lumetra

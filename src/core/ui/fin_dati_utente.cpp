@@ -1,17 +1,13 @@
 #include "core/ui/fin_dati_utente.h"
 
-#include "core/failure.h"
 #include "core/globali.h"
-#include "core/ui/app.h"
+#include "core/ui/edit_field.h"
 #include "core/ui/look.h"
 #include "core/user_data.h"
-#include "editor/ui/finestra.h"
 
-#include <QFile>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 
@@ -67,7 +63,7 @@ fin_dati_utente::fin_dati_utente()
         {5, 345, 264, 145}, {6, 141, 299, 349}, {7, 141, 334, 349}, {8, 141, 369, 349},
     };
     for (const auto &f : fields) {
-        auto *edit = new QLineEdit(this);
+        auto *edit = new EditLine(this);
         edit->setObjectName(QStringLiteral("EditFute%1").arg(f.index));
         place(edit, f.left, f.top, f.width, 22);
         edit->setFont(arial(14, true));
@@ -114,6 +110,7 @@ void fin_dati_utente::ShowModal()
 
 void fin_dati_utente::Show()
 {
+    setModal(true);
     show();
     raise();
     activateWindow();
@@ -124,15 +121,8 @@ void fin_dati_utente::PushBreg_Action()
     auto &g = globali();
     for (int i = 1; i <= 8; ++i)
         g.utenza[size_t(i)] = EditFute[size_t(i)]->text();
-    QFile file(applicationFolder() + QStringLiteral("/utenza.txt"));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw UnhandledFailure(QStringLiteral("impossibile creare utenza.txt (%1)").arg(file.errorString()));
-    if (file.write(scriviUtenza(g.utenza)) < 0)
-        throw UnhandledFailure(QStringLiteral("impossibile scrivere utenza.txt (%1)").arg(file.errorString()));
-    file.close();
-    finestra &w = finestra::instance();
-    w.setWindowTitle(QStringLiteral("Lumetra"));
-    w.mostra_ricerca(w.testoCerca());
+    salvaUtenza(g.utenza);
+    emit registrato();
     done(QDialog::Accepted);
 }
 

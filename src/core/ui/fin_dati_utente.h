@@ -1,5 +1,7 @@
 #pragma once
-// The form of the lawyer's particulars. "Registra" is the only way out.
+// The form of the lawyer's particulars. "Registra" is the only way out. It is
+// modal however it is shown: with Show the caller goes on at once, with
+// ShowModal it waits for the form to close.
 
 #include "core/ui/implicit.h"
 
@@ -7,10 +9,11 @@
 #include <array>
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace lumetra {
+
+class EditLine;
 
 class fin_dati_utente : public QDialog, public Implicit<fin_dati_utente> {
     Q_OBJECT
@@ -22,8 +25,12 @@ public:
     void PushBreg_Action();
 
     // EditFute(1) to EditFute(8); index 0 has no field.
-    std::array<QLineEdit *, 9> EditFute{};
+    std::array<EditLine *, 9> EditFute{};
     QPushButton *PushBreg;
+
+signals:
+    // utenza.txt has been written: the main window lists anew.
+    void registrato();
 
 protected:
     void reject() override {}

@@ -1,21 +1,18 @@
 #include "document/ui/fin_elaborazione.h"
 
-#include "core/failure.h"
 #include "core/file_types.h"
+#include "core/files.h"
 #include "core/globali.h"
 #include "core/ui/dialogs.h"
 #include "core/ui/look.h"
 #include "document/composer.h"
 #include "document/crea_stile.h"
 #include "document/ui/stampa.h"
-#include "editor/ui/edit_field.h"
-#include "editor/ui/finestra.h"
 #include "richtext/rtf_writer.h"
 #include "richtext/ui/styled_document.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFile>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPrinter>
@@ -27,23 +24,22 @@ namespace {
 
 struct Comando {
     int left;
-    int tabIndex;
     const char *caption;
     const char *helpTag;
 };
 
 // By index; "\r" in a help tag is a line break.
 const Comando kComandi[5] = {
-    {10, 1, "Chiudi", "Chiude questa finestra."},
-    {115, 2, "Copia",
+    {10, "Chiudi", "Chiude questa finestra."},
+    {115, "Copia",
      "Copia il testo generato in memoria,\rper essere incollato su un editor di testo.\r"
      "(n.b.: gli allineamenti del testo vengono perduti)."},
-    {325, 3, "Registra RTF..",
+    {325, "Registra RTF..",
      "Regista il testo generato come RTF,\rformato che mantiene font, dimensioni, stili e allineamenti,\r"
      "compatibile con la stragrande maggioranza degli editor di testo esistenti."},
-    {430, 4, "Porta su Word",
+    {430, "Porta su Word",
      "Su piattaforma Windows, se installato, porta direttamente\ril testo su Microsoft Word (2003 o successivo)."},
-    {220, 5, "Stampa..",
+    {220, "Stampa..",
      "Stampa una bozza del testo generato;\rper un risultato migliore, si consiglia di esportare\r"
      "un file RTF e aprirlo con un editor di testo.\rSu piattaforma Windows, è possibile, se installato,\r"
      "portare direttamente il testo su Microsoft Word (2003 o successivo)."},
@@ -125,13 +121,18 @@ void fin_elaborazione::Event_Open()
     // Only Windows has the automation of Microsoft Word.
     bevel[3]->setEnabled(false);
 #endif
-    const QString text = Crea_testo();
+}
+
+void fin_elaborazione::componi(const DatiDocumento &bill)
+{
+    const int elab = globali().elab;
+    const QString text = Crea_testo(bill);
     setStyledText(*EditF->document(), Crea_stile(text, sty_f, elab, 9, 12));
     setStyledText(*EditF2->document(), Crea_stile(text, sty_f, elab, 12, 16));
     EditF->moveCursor(QTextCursor::Start);
 }
 
-void fin_elaborazione::Event_Close() { finestra::instance().show(); }
+void fin_elaborazione::Event_Close() { emit chiusa(); }
 
 void fin_elaborazione::ShowModal() { exec(); }
 
@@ -168,15 +169,11 @@ void fin_elaborazione::BevelBE_Action(BevelBE *button)
     }
 }
 
-// Composes from the bill as the main window holds it; the totals go back to
-// the globals, where the main window finds them.
-QString fin_elaborazione::Crea_testo()
+// The totals go back to the globals, where the main window finds them.
+QString fin_elaborazione::Crea_testo(const DatiDocumento &bill)
 {
-    Globali &g = globali();
-    const finestra &f = finestra::instance();
-    const Documento doc = lumetra::Crea_testo({g.dati, f.EditQuantum->Text(), g.utenza, f.EditField1->Text(),
-                                               f.EditField2->Text(), g.iva, g.rite, g.elab, QDate::currentDate()});
-    g.totale = doc.totale;
+    const Documento doc = lumetra::Crea_testo(bill);
+    globali().totale = doc.totale;
     sty_f = doc.sty_f;
     return doc.testo;
 }
@@ -200,10 +197,7 @@ void fin_elaborazione::registraRtf()
     const QString path = dialogs().saveFile(FileTypes::TextRtf().filter(), nomePropostoRtf(globali().nome_attuale));
     if (path.isEmpty())
         return;
-    const QByteArray rtf = RTFData(styledText(*EditF->document()));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(rtf) != rtf.size())
-        throw UnhandledFailure(QStringLiteral("impossibile scrivere il file %1").arg(path));
+    writeWholeFile(path, RTFData(styledText(*EditF->document())));
 }
 
 void fin_elaborazione::stampa()

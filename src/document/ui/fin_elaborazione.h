@@ -3,6 +3,7 @@
 // five commands that deliver it (close, copy, print, save as RTF, Word).
 
 #include "core/ui/implicit.h"
+#include "document/composer.h"
 #include "document/sty_map.h"
 
 #include <QDialog>
@@ -25,10 +26,13 @@ public:
 
     fin_elaborazione();
 
-    // Composes the document once and styles it twice: 9/12 points for the
-    // screen, printing and RTF, 12/16 for Microsoft Word.
+    // The title and the commands, for the kind of document in elab.
     void Event_Open();
-    // Shows the main window again, after "Chiudi" and the close box alike.
+    // Composes the document of the bill it is given once and styles it twice:
+    // 9/12 points for the screen, printing and RTF, 12/16 for Microsoft Word.
+    // The document's totals go to totale.
+    void componi(const DatiDocumento &bill);
+    // After "Chiudi" and the close box alike.
     void Event_Close();
     // Runs modally; the object is destroyed when the window closes.
     void ShowModal();
@@ -42,11 +46,15 @@ public:
 
     StyMap sty_f{};
 
+signals:
+    // The window has closed: the main window shows again.
+    void chiusa();
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QString Crea_testo();
+    QString Crea_testo(const DatiDocumento &bill);
     void copia(QTextEdit *field);
     void registraRtf();
     void stampa();

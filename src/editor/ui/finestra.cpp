@@ -1,17 +1,15 @@
 #include "editor/ui/finestra.h"
 
-#include "advance/ui/fin_acconto.h"
 #include "core/globali.h"
+#include "core/quit.h"
 #include "core/text_functions.h"
-#include "core/ui/app.h"
+#include "core/ui/edit_field.h"
 #include "core/ui/look.h"
-#include "document/ui/fin_elaborazione.h"
+#include "core/value_filter.h"
 #include "editor/bill.h"
 #include "editor/categories.h"
 #include "editor/listing.h"
-#include "editor/ui/edit_field.h"
 #include "editor/ui/listbox.h"
-#include "editor/value_filter.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -163,7 +161,7 @@ void finestra::creaControlli()
 
     StaticText5 = statico(a, "StaticText5", {10, 106, 140, 20}, "Valore controversia €:", giallo);
     PopImport = menu(a, "PopImport", {160, 104, 180, 22});
-    PopImport->addItems(voci_importo());
+    PopImport->addItems(vociImporto());
     PopImport->setCurrentIndex(0);
     PopImport->setToolTip(tag("Scegliere \"Prestabilito\" per inserire un valore conosciuto in Euro.\r"
                               "Scegliere \"Indeterminabile\" se il valore non è conosciuto.\r"
@@ -205,7 +203,7 @@ void finestra::creaControlli()
 
     StaticText3 = statico(a, "StaticText3", {11, 407, 140, 20}, "Tipo di compenso:", bianco);
     PopCatA = menu(a, "PopCatA", {161, 405, 180, 22});
-    PopCatA->addItems(voci_categoria());
+    PopCatA->addItems(vociCategoria());
     // The divider is drawn as a line and can't be picked.
     PopCatA->setItemData(1, QStringLiteral("separator"), Qt::AccessibleDescriptionRole);
     PopCatA->setItemData(1, 0, Qt::UserRole - 1); // the item flags of the menu's model
@@ -292,12 +290,50 @@ void finestra::closeEvent(QCloseEvent *event)
 
 QString finestra::testoCerca() const { return EditCerca->Text(); }
 
+TestaParcella finestra::testa() const
+{
+    const auto &g = globali();
+    return {EditField1->Text(), EditField2->Text(), EditQuantum->Text(), g.iva, g.rite};
+}
+
+void finestra::mostraTesta(const TestaParcella &testa)
+{
+    EditField1->setText(testa.editField1);
+    EditField2->setText(testa.editField2);
+    EditQuantum->setText(testa.editQuantum);
+    globali().iva = testa.iva;
+    globali().rite = testa.rite;
+    checkiva->setChecked(testa.iva);
+    checkrite->setChecked(testa.rite);
+}
+
+void finestra::azzeraRicerca()
+{
+    EditCerca->setText(QString());
+    PopCatA->setCurrentIndex(0);
+    PopCatB->clear();
+    mostra_ricerca(EditCerca->Text());
+}
+
+void finestra::svuota()
+{
+    EditField1->setText(QString());
+    EditField2->setText(QString());
+    EditCerca->setText(QString());
+    EditQuantum->setText(QString());
+    PopCatA->setCurrentIndex(0);
+    PopCatB->clear();
+    PopImport->setCurrentIndex(0);
+    checkiva->setChecked(true);
+    mostra_ricerca(EditCerca->Text());
+}
+
 void finestra::mostra_ricerca(const QString &text)
 {
     EditNota->setText(QString());
     const FiltroRicerca filtro{PopCatA->currentText(), PopCatB->currentText(), text};
-    const auto righe = righe_ricerca(globali().dati, filtro, EditQuantum->Text(), PopImport->currentIndex());
-    Listbox1->Riempi(righe);
+    const auto righe = righeRicerca(globali().dati, filtro, EditQuantum->Text(), PopImport->currentIndex());
+    Listbox1->riempi(righe);
     mostra_notaspese();
 }
 
@@ -305,9 +341,9 @@ void finestra::mostra_notaspese()
 {
     auto &g = globali();
     g.totale[0] = 0;
-    const VistaParcella vista = vista_parcella(g.dati, EditQuantum->Text(), PopImport->currentIndex());
+    const VistaParcella vista = vistaParcella(g.dati, EditQuantum->Text(), PopImport->currentIndex());
     g.totale[0] = vista.totale;
-    Listbox2->Riempi(vista.righe);
+    Listbox2->riempi(vista.righe);
 }
 
 // ---- Head of the bill
@@ -349,7 +385,7 @@ bool finestra::EditNota_KeyDown(QKeyEvent *key)
 
 void finestra::EditQuantum_TextChange()
 {
-    if (const auto filtrato = filtra_valore(EditQuantum->Text())) {
+    if (const auto filtrato = filtraValore(EditQuantum->Text())) {
         EditQuantum->setText(*filtrato);
         EditQuantum->end(false);
     }
@@ -388,7 +424,7 @@ void finestra::PushCrea_Action(int index)
 {
     globali().elab = index;
     hide();
-    fin_elaborazione::instance().ShowModal();
+    apriDocumento();
 }
 
 // ---- Category navigation
@@ -448,13 +484,13 @@ void finestra::Listbox1_CellAction(int row, int column)
     }
 
     auto &g = globali();
-    const int r = riga_tariffa(l.Cell(row, RicRif));
-    scegli_voce(g.dati, r, -1, QString());
+    const int r = rigaTariffa(l.Cell(row, RicRif));
+    scegliVoce(g.dati, r, -1, QString());
     int spuntata = -1;
     for (int c = RicMin; c <= RicPers; ++c)
         if (l.CellCheck(row, c))
             spuntata = c;
-    if (spuntata == RicPers && acconto_da_richiedere(g.dati, r)) {
+    if (spuntata == RicPers && accontoDaRichiedere(g.dati.at(r, kColVoce))) {
         g.acconto_calcolato[1] = Str(row);
         g.acconto_calcolato[2] = Str(column);
         g.acconto_calcolato[3] = Str(r);
@@ -467,18 +503,31 @@ void finestra::Listbox1_CellAction(int row, int column)
         calcolaAcconto();
     }
     if (spuntata >= 0)
-        scegli_voce(g.dati, r, spuntata, l.Cell(row, column));
+        scegliVoce(g.dati, r, spuntata, l.Cell(row, column));
     g.modificato = true;
     mostra_notaspese();
 }
 
-void finestra::calcolaAcconto() { fin_acconto::instance().ShowModal(); }
+void finestra::calcolaAcconto()
+{
+    auto &g = globali();
+    const QString netto = apriCalcolatore();
+    // The calculator is modal: the row and column noted before it opened still
+    // point at the ticked cell.
+    const int row = toInteger(CDbl(g.acconto_calcolato[1]));
+    const int column = toInteger(CDbl(g.acconto_calcolato[2]));
+    const int r = toInteger(CDbl(g.acconto_calcolato[3]));
+    Listbox1->setCell(row, column, netto);
+    g.dati.at(r, kColStato) = QLatin1Char('-') + netto;
+    g.dati.at(r, kColValore) = netto;
+    mostra_notaspese();
+}
 
 bool finestra::Listbox1_CellClick(int row, int column)
 {
     Q_UNUSED(column);
-    const int r = riga_tariffa(Listbox1->Cell(row, RicRif));
-    EditNota->setText(testo_nota(globali().dati, r, Listbox1->Cell(row, RicVoce)));
+    const int r = rigaTariffa(Listbox1->Cell(row, RicRif));
+    EditNota->setText(testoNota(globali().dati, r, Listbox1->Cell(row, RicVoce)));
     return false;
 }
 
@@ -487,25 +536,25 @@ bool finestra::Listbox1_CellClick(int row, int column)
 bool finestra::Listbox2_CellClick(int row, int column)
 {
     Q_UNUSED(column);
-    const int i = riga_tariffa(Listbox2->Cell(row, ParRif));
-    EditNota->setText(testo_nota(globali().dati, i, Listbox2->Cell(row, ParVoce)));
+    const int i = rigaTariffa(Listbox2->Cell(row, ParRif));
+    EditNota->setText(testoNota(globali().dati, i, Listbox2->Cell(row, ParVoce)));
     return false;
 }
 
 void finestra::Listbox2_CellAction(int row, int column)
 {
     auto &g = globali();
-    const int i = riga_tariffa(Listbox2->Cell(row, ParRif));
+    const int i = rigaTariffa(Listbox2->Cell(row, ParRif));
     switch (column) {
     case ParVoce:
-        rinomina_voce(g.dati, i, Listbox2->Cell(row, ParVoce));
+        rinominaVoce(g.dati, i, Listbox2->Cell(row, ParVoce));
         break;
     case ParQuantita:
-        cambia_quantita(g.dati, i, Listbox2->Cell(row, ParQuantita));
+        cambiaQuantita(g.dati, i, Listbox2->Cell(row, ParQuantita));
         break;
     case ParTotale:
         Listbox2->RemoveRow(row);
-        togli_voce(g.dati, i);
+        togliVoce(g.dati, i);
         break;
     default:
         break;

@@ -1,12 +1,15 @@
 #pragma once
 // The main window: the head of the bill, the bill list, and the search in the
-// tariff table. Its controls are public: the menus, the document commands and
-// the smaller windows read and set them as the user would.
+// tariff table. The rest of the program reaches it through the few operations
+// below, never through its controls; what it needs of other windows it asks
+// for through the hooks the application sets.
 
+#include "core/bill_file.h"
 #include "core/ui/implicit.h"
 
 #include <QMainWindow>
 #include <array>
+#include <functional>
 
 class QCheckBox;
 class QComboBox;
@@ -36,6 +39,26 @@ public:
     // The text of EditCerca.
     QString testoCerca() const;
 
+    // The head of the bill as a bill file keeps it, iva and rite included.
+    TestaParcella testa() const;
+    // Sets the head as an opened bill does: the fields' handlers run, and the
+    // two boxes show the options.
+    void mostraTesta(const TestaParcella &testa);
+    // The category selection back to "SELEZIONA" and the lists rebuilt, as after
+    // every command that changes the whole bill.
+    void azzeraRicerca();
+    // Nuovo on the window: the head emptied, the value back to "Prestabilito",
+    // VAT back on; the withholding tax keeps the last bill's setting.
+    void svuota();
+
+    // What the window asks of the rest of the program. The advance calculator:
+    // it returns the net sum to put on the bill.
+    std::function<QString()> apriCalcolatore;
+    // The output window, for the document globali().elab names; it returns when
+    // that window has closed.
+    std::function<void()> apriDocumento;
+
+private:
     // The controls, in the order they lie on the window.
     QWidget *Rectangle1;
     QLabel *StaticText10;
@@ -97,7 +120,8 @@ private:
     void ordinaTabulazione();
     // The end of the typing of a personal amount: the cell is a ticked box again.
     void chiudiPers(int row);
-    // The advance calculator, for the "Pers." box of an advance to be requested.
+    // The advance calculator, for the "Pers." box of an advance to be requested:
+    // what it gives back goes into the cell and onto the bill.
     void calcolaAcconto();
 
     QWidget *m_area = nullptr;

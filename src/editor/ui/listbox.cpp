@@ -1,6 +1,7 @@
 #include "editor/ui/listbox.h"
 
 #include "core/failure.h"
+#include "core/ui/edit_field.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -91,28 +92,10 @@ public:
         setFlags(flagsFor(t));
         changed();
     }
-    int allineamento() const { return m_allineamento; }
-    void setAllineamento(int a)
-    {
-        m_allineamento = a;
-        changed();
-    }
     bool spunta() const { return m_spunta; }
     void setSpunta(bool s)
     {
         m_spunta = s;
-        changed();
-    }
-    bool grassetto() const { return m_grassetto; }
-    void setGrassetto(bool b)
-    {
-        m_grassetto = b;
-        changed();
-    }
-    bool corsivo() const { return m_corsivo; }
-    void setCorsivo(bool b)
-    {
-        m_corsivo = b;
         changed();
     }
 
@@ -166,6 +149,15 @@ public:
         return editor;
     }
 
+    // A cell is one line of a bill file: a pasted line break becomes a blank.
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::setModelData(editor, model, index);
+        const QString text = index.data(Qt::EditRole).toString();
+        if (const QString one = unaRiga(text); one != text)
+            model->setData(index, one, Qt::EditRole);
+    }
+
     void opzioni(QStyleOptionViewItem *option, const QModelIndex &index) const { initStyleOption(option, index); }
 
 private:
@@ -212,20 +204,6 @@ Listbox::Item *Listbox::item(int row, int column) const
 
 Listbox::Item *Listbox::nuovoItem(const Cella &cella) const { return new Item(cella); }
 
-void Listbox::DeleteAllRows() { setRowCount(0); }
-
-void Listbox::AddRow(const QString &text)
-{
-    const int row = rowCount();
-    insertRow(row);
-    for (int c = 0; c < columnCount(); ++c) {
-        Cella cella;
-        if (c == 0)
-            cella.testo = text;
-        setItem(row, c, nuovoItem(cella));
-    }
-}
-
 void Listbox::RemoveRow(int row)
 {
     if (row < 0 || row >= rowCount())
@@ -237,14 +215,8 @@ QString Listbox::Cell(int row, int column) const { return item(row, column)->tex
 void Listbox::setCell(int row, int column, const QString &text) { item(row, column)->setText(text); }
 int Listbox::CellType(int row, int column) const { return item(row, column)->tipo(); }
 void Listbox::setCellType(int row, int column, int type) { item(row, column)->setTipo(type); }
-int Listbox::CellAlignment(int row, int column) const { return item(row, column)->allineamento(); }
-void Listbox::setCellAlignment(int row, int column, int alignment) { item(row, column)->setAllineamento(alignment); }
 bool Listbox::CellCheck(int row, int column) const { return item(row, column)->spunta(); }
 void Listbox::setCellCheck(int row, int column, bool check) { item(row, column)->setSpunta(check); }
-bool Listbox::CellBold(int row, int column) const { return item(row, column)->grassetto(); }
-void Listbox::setCellBold(int row, int column, bool bold) { item(row, column)->setGrassetto(bold); }
-bool Listbox::CellItalic(int row, int column) const { return item(row, column)->corsivo(); }
-void Listbox::setCellItalic(int row, int column, bool italic) { item(row, column)->setCorsivo(italic); }
 
 void Listbox::EditCell(int row, int column)
 {
@@ -253,7 +225,7 @@ void Listbox::EditCell(int row, int column)
     editItem(it);
 }
 
-void Listbox::Riempi(std::span<const Cella> celle)
+void Listbox::riempi(std::span<const Cella> celle)
 {
     const int colonne = columnCount();
     const int righe = colonne > 0 ? int(celle.size()) / colonne : 0;

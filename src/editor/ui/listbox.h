@@ -27,34 +27,25 @@ public:
     void setColonne(const QStringList &headings, const QList<int> &widths);
 
     int ListCount() const { return rowCount(); }
-    void DeleteAllRows();
-    // Appends a row whose first cell holds text.
-    void AddRow(const QString &text);
     void RemoveRow(int row);
 
     QString Cell(int row, int column) const;
     void setCell(int row, int column, const QString &text);
     int CellType(int row, int column) const;
     void setCellType(int row, int column, int type);
-    int CellAlignment(int row, int column) const;
-    void setCellAlignment(int row, int column, int alignment);
     bool CellCheck(int row, int column) const;
     void setCellCheck(int row, int column, bool check);
-    bool CellBold(int row, int column) const;
-    void setCellBold(int row, int column, bool bold);
-    bool CellItalic(int row, int column) const;
-    void setCellItalic(int row, int column, bool italic);
     // Opens the cell for typing (it must be of type 3).
     void EditCell(int row, int column);
 
     // Replaces all rows at once, each with columnCount() cells: what
-    // DeleteAllRows and a row-by-row fill would give, without the cost of one
+    // emptying the list and filling it row by row would give, without the cost of one
     // model notification per cell.
-    void Riempi(std::span<const Cella> celle);
+    void riempi(std::span<const Cella> celle);
     template <size_t N>
-    void Riempi(const std::vector<std::array<Cella, N>> &righe)
+    void riempi(const std::vector<std::array<Cella, N>> &righe)
     {
-        Riempi(std::span<const Cella>(righe.empty() ? nullptr : righe.front().data(), righe.size() * N));
+        riempi(std::span<const Cella>(righe.empty() ? nullptr : righe.front().data(), righe.size() * N));
     }
 
     // Whether a cell is open for typing.

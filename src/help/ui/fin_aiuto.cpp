@@ -1,6 +1,5 @@
 #include "help/ui/fin_aiuto.h"
 
-#include "editor/ui/finestra.h"
 #include "help/istruzioni.h"
 #include "richtext/rtf_reader.h"
 #include "richtext/ui/styled_document.h"
@@ -58,13 +57,7 @@ void fin_aiuto::EditF_Open(QTextEdit *field)
     field->moveCursor(QTextCursor::Start);
 }
 
-void fin_aiuto::Event_Close()
-{
-    finestra &main = finestra::instance();
-    main.show();
-    main.raise();
-    main.activateWindow();
-}
+void fin_aiuto::Event_Close() { emit chiusa(); }
 
 void fin_aiuto::ShowModal() { exec(); }
 

@@ -18,13 +18,16 @@ public:
     void Event_Open();
     // Parses the manual into EditF: at each opening of the window.
     void EditF_Open(QTextEdit *field);
-    // Brings the main window back to the front.
+    // The main window comes back to the front.
     void Event_Close();
 
     // Runs the window modally; it is gone when this returns.
     void ShowModal();
 
     QTextEdit *EditF = nullptr;
+
+signals:
+    void chiusa();
 
 protected:
     // Every way of closing a dialog (close box, Escape) passes here.

@@ -1,6 +1,7 @@
 #include "help/ui/finestrainfo.h"
 
 #include "help/contatto.h"
+#include "version.h"
 
 #include <QDesktopServices>
 #include <QEvent>
@@ -53,8 +54,8 @@ finestrainfo::finestrainfo()
     pal.setColor(QPalette::Window, QColor(0xe6, 0xe6, 0xe6));
     setPalette(pal);
 
-    StaticText1
-        = label(this, "StaticText1", QStringLiteral("Lumetra\n v1.5.1 (11/2011)"), {0, 7, 260, 34}, true, Qt::black);
+    StaticText1 = label(this, "StaticText1", QStringLiteral("Lumetra\n v%1 (11/2011)").arg(QLatin1String(kVersione)),
+                        {0, 7, 260, 34}, true, Qt::black);
     StaticText2 = label(this, "StaticText2", QStringLiteral("Realizzato dal progetto Lumetra"), {0, 45, 260, 16}, false,
                         Qt::black);
     StaticText3

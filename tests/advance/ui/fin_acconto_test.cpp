@@ -14,7 +14,7 @@ protected:
     void apri(const std::function<void(fin_acconto &)> &inside)
     {
         scegli(kAcconti);
-        row = riga(w->Listbox1, kAccontoRichiesto);
+        row = riga(Listbox1, kAccontoRichiesto);
         bool opened = false;
         onNextModal([&](QWidget *modal) {
             auto *calc = qobject_cast<fin_acconto *>(modal);
@@ -23,7 +23,7 @@ protected:
             inside(*calc);
             EXPECT_FALSE(calc->isVisible()) << "the calculator was left open";
         });
-        spunta(w->Listbox1, row, 6);
+        spunta(Listbox1, row, 6);
         EXPECT_TRUE(opened && !fin_acconto::exists()); // made anew for each opening
         w->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(w));
@@ -46,16 +46,16 @@ TEST_F(AccontoTest, NetSumTypedGoesOnTheBill)
         EXPECT_EQ(c.windowTitle(), u("Computa Acconto"));
         const auto &a = globali().acconto_calcolato;
         EXPECT_EQ(QStringList({a[0], a[1], a[2], a[3]}), (QStringList{u("0"), QString::number(row), u("6"), u("15")}));
-        EXPECT_FALSE(w->Listbox1->inModifica()); // the typing in the cell ended when the calculator came
+        EXPECT_FALSE(Listbox1->inModifica()); // the typing in the cell ended when the calculator came
         digita(c.EditQNL[0], u("1000"));
         EXPECT_EQ(figures(c, 1), u("40,00|218,40|1258,40"));
         QTest::mouseClick(c.PushButton1, Qt::LeftButton);
     });
     EXPECT_EQ(dati().at(kAccontoRichiesto, 0) + u("/") + dati().at(kAccontoRichiesto, 53), u("-1000/1000"));
-    EXPECT_TRUE(w->Listbox1->Cell(row, 6) == u("1000") && w->Listbox1->CellType(row, 6) == 2);
-    EXPECT_TRUE(w->Listbox1->CellCheck(row, 6) && globali().modificato);
-    ASSERT_EQ(w->Listbox2->ListCount(), 3);
-    EXPECT_EQ(w->Listbox2->Cell(0, 1) + u("/") + w->Listbox2->Cell(0, 4), u("Acconto da richiedere/1000"));
+    EXPECT_TRUE(Listbox1->Cell(row, 6) == u("1000") && Listbox1->CellType(row, 6) == 2);
+    EXPECT_TRUE(Listbox1->CellCheck(row, 6) && globali().modificato);
+    ASSERT_EQ(Listbox2->ListCount(), 3);
+    EXPECT_EQ(Listbox2->Cell(0, 1) + u("/") + Listbox2->Cell(0, 4), u("Acconto da richiedere/1000"));
 }
 
 TEST_F(AccontoTest, GrossSumTypedGivesTheNet)
@@ -68,19 +68,19 @@ TEST_F(AccontoTest, GrossSumTypedGivesTheNet)
         c.close(); // the close button applies too
     });
     EXPECT_EQ(dati().at(kAccontoRichiesto, 0), u("-1000,00"));
-    EXPECT_EQ(w->Listbox2->Cell(0, 4), u("1000"));
+    EXPECT_EQ(Listbox2->Cell(0, 4), u("1000"));
 }
 
 TEST_F(AccontoTest, WithoutIvaAndClosingWithoutTypingLeavesTheItemOff)
 {
-    w->checkiva->click();
+    checkiva->click();
     apri([&](fin_acconto &c) {
         EXPECT_EQ(c.StaticTiva2->text(), u("non imponibile"));
         EXPECT_FALSE(c.StaticTiva1->isEnabled() || c.StaticTiva2->isEnabled());
         QTest::keyClick(&c, Qt::Key_Escape);
     });
-    EXPECT_EQ(dati().at(kAccontoRichiesto, 0) + u("/") + w->Listbox1->Cell(row, 6), u("-0/0"));
-    EXPECT_EQ(w->Listbox2->ListCount(), 2);
+    EXPECT_EQ(dati().at(kAccontoRichiesto, 0) + u("/") + Listbox1->Cell(row, 6), u("-0/0"));
+    EXPECT_EQ(Listbox2->ListCount(), 2);
 }
 
 TEST_F(AccontoTest, APasteBeforeAnyKeyComputesNothing)

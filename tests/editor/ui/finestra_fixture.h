@@ -1,10 +1,10 @@
 #pragma once
 // The main window over the small test tariff, and the user's gestures on it.
 
+#include "app/app.h"
 #include "core/globali.h"
-#include "core/ui/app.h"
+#include "core/ui/edit_field.h"
 #include "editor/tariff_builder.h"
-#include "editor/ui/edit_field.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
 #include "support/ui_fixture.h"
@@ -32,6 +32,23 @@ protected:
         copyData(u("tariffa_piccola.txt"), u("tariffe_database.txt"));
         ASSERT_TRUE(carica_dati());
         w = &finestra::instance();
+        trova(EditField1, "EditField1");
+        trova(EditField2, "EditField2");
+        trova(EditQuantum, "EditQuantum");
+        trova(EditCerca, "EditCerca");
+        trova(EditNota, "EditNota");
+        trova(PopImport, "PopImport");
+        trova(PopCatA, "PopCatA");
+        trova(PopCatB, "PopCatB");
+        trova(checkiva, "checkiva");
+        trova(checkrite, "checkrite");
+        trova(Listbox1, "Listbox1");
+        trova(Listbox2, "Listbox2");
+        trova(PushCrea[0], "PushCrea0");
+        trova(PushCrea[1], "PushCrea1");
+        trova(StaticText2, "StaticText2");
+        trova(StaticText11, "StaticText11");
+        trova(StaticTextPop, "StaticTextPop");
         w->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(w));
         globali().iva = globali().rite = true; // as at start-up
@@ -40,18 +57,27 @@ protected:
 
     Tabella &dati() { return globali().dati; }
 
+    // A control of the main window, found by its name as the user finds it on
+    // the screen.
+    template <class T>
+    void trova(T *&control, const char *name)
+    {
+        control = w->findChild<T *>(QString::fromLatin1(name));
+        ASSERT_NE(control, nullptr) << name;
+    }
+
     void scegli(int categoria, int sottocategoria = 0)
     {
-        w->PopCatA->setCurrentIndex(categoria);
-        w->PopCatB->setCurrentIndex(sottocategoria);
+        PopCatA->setCurrentIndex(categoria);
+        PopCatB->setCurrentIndex(sottocategoria);
     }
 
     void digita(QWidget *field, const QString &text) { QTest::keyClicks(field, text); }
 
     void valore(const QString &text)
     {
-        w->EditQuantum->setText(QString());
-        digita(w->EditQuantum, text);
+        EditQuantum->setText(QString());
+        digita(EditQuantum, text);
     }
 
     // The list row that shows tariff row r, or -1.
@@ -98,6 +124,13 @@ protected:
     }
 
     finestra *w = nullptr;
+    EditText *EditField1 = nullptr, *EditField2 = nullptr, *EditNota = nullptr;
+    EditLine *EditQuantum = nullptr, *EditCerca = nullptr;
+    QComboBox *PopImport = nullptr, *PopCatA = nullptr, *PopCatB = nullptr;
+    QCheckBox *checkiva = nullptr, *checkrite = nullptr;
+    Listbox *Listbox1 = nullptr, *Listbox2 = nullptr;
+    std::array<QPushButton *, 2> PushCrea{};
+    QLabel *StaticText2 = nullptr, *StaticText11 = nullptr, *StaticTextPop = nullptr;
 };
 
 } // namespace lumetra::test

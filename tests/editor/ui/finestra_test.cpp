@@ -8,71 +8,71 @@ using namespace lumetra::test;
 
 TEST_F(FinestraTest, StateAtStart)
 {
-    EXPECT_TRUE(w->checkiva->isChecked() && w->checkrite->isChecked() && w->EditNota->isReadOnly());
-    EXPECT_TRUE(!w->PopCatB->isEnabled() && w->PopCatB->count() == 0 && !w->EditCerca->isEnabled());
-    EXPECT_EQ(w->Listbox2->Cell(1, 4), u("TOTALE:"));
+    EXPECT_TRUE(checkiva->isChecked() && checkrite->isChecked() && EditNota->isReadOnly());
+    EXPECT_TRUE(!PopCatB->isEnabled() && PopCatB->count() == 0 && !EditCerca->isEnabled());
+    EXPECT_EQ(Listbox2->Cell(1, 4), u("TOTALE:"));
     EXPECT_EQ(w->windowTitle(), u("Lumetra"));
 }
 
 TEST_F(FinestraTest, ValueFilterAsTheUserTypesAndPastes)
 {
-    digita(w->EditQuantum, u("12,5"));
-    EXPECT_EQ(w->EditQuantum->Text(), u("12.5"));
+    digita(EditQuantum, u("12,5"));
+    EXPECT_EQ(EditQuantum->Text(), u("12.5"));
     EXPECT_TRUE(globali().modificato);
-    w->EditQuantum->setText(QString());
+    EditQuantum->setText(QString());
     QApplication::clipboard()->setText(u("1a"));
-    QTest::keyClick(w->EditQuantum, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(w->EditQuantum->Text(), u("1"));
-    EXPECT_EQ(w->EditQuantum->cursorPosition(), 1);
+    QTest::keyClick(EditQuantum, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(EditQuantum->Text(), u("1"));
+    EXPECT_EQ(EditQuantum->cursorPosition(), 1);
 
     // A word set from outside goes through the filter too, even when unchanged.
-    w->EditQuantum->setText(u("Indeterminabile"));
-    EXPECT_EQ(w->EditQuantum->Text(), u("Indeterminabil"));
+    EditQuantum->setText(u("Indeterminabile"));
+    EXPECT_EQ(EditQuantum->Text(), u("Indeterminabil"));
     globali().modificato = false;
-    w->EditQuantum->setText(u("Indeterminabil"));
+    EditQuantum->setText(u("Indeterminabil"));
     EXPECT_TRUE(globali().modificato);
 }
 
 TEST_F(FinestraTest, LimitsStopTheUserNotTheProgram)
 {
-    digita(w->EditQuantum, QString(35, QLatin1Char('7')));
-    EXPECT_EQ(w->EditQuantum->Text().size(), 30);
-    w->EditQuantum->setText(QString(28, QLatin1Char('1')));
+    digita(EditQuantum, QString(35, QLatin1Char('7')));
+    EXPECT_EQ(EditQuantum->Text().size(), 30);
+    EditQuantum->setText(QString(28, QLatin1Char('1')));
     QApplication::clipboard()->setText(u("23456"));
-    QTest::keyClick(w->EditQuantum, Qt::Key_V, Qt::ControlModifier); // cut to the room left
-    EXPECT_EQ(w->EditQuantum->Text(), QString(28, QLatin1Char('1')) + u("23"));
+    QTest::keyClick(EditQuantum, Qt::Key_V, Qt::ControlModifier); // cut to the room left
+    EXPECT_EQ(EditQuantum->Text(), QString(28, QLatin1Char('1')) + u("23"));
 
-    digita(w->EditField2, QString(199, QLatin1Char('x')));
-    QTest::keyClick(w->EditField2, Qt::Key_Return);
-    digita(w->EditField2, u("yz"));
-    EXPECT_EQ(w->EditField2->Text(), QString(199, QLatin1Char('x')) + QChar(13));
+    digita(EditField2, QString(199, QLatin1Char('x')));
+    QTest::keyClick(EditField2, Qt::Key_Return);
+    digita(EditField2, u("yz"));
+    EXPECT_EQ(EditField2->Text(), QString(199, QLatin1Char('x')) + QChar(13));
     // A document may bring longer texts: they are kept, and counted.
-    w->EditField2->setText(QString(250, QLatin1Char('w')));
-    EXPECT_EQ(w->StaticText11->text(), u("250 / 200"));
-    w->EditField1->setText(u("Causa Comune di Milano contro Tizio e Caio.\rOggetto: Causa etc. etc."));
-    EXPECT_EQ(w->StaticText2->text(), u("68 / 280"));
-    EXPECT_EQ(w->EditField1->document()->blockCount(), 2);
+    EditField2->setText(QString(250, QLatin1Char('w')));
+    EXPECT_EQ(StaticText11->text(), u("250 / 200"));
+    EditField1->setText(u("Causa Comune di Milano contro Tizio e Caio.\rOggetto: Causa etc. etc."));
+    EXPECT_EQ(StaticText2->text(), u("68 / 280"));
+    EXPECT_EQ(EditField1->document()->blockCount(), 2);
 }
 
 TEST_F(FinestraTest, KindOfValueAndTaxOptions)
 {
     valore(u("12000"));
-    w->PopImport->setCurrentIndex(2);
-    EXPECT_FALSE(w->EditQuantum->isEnabled());
-    EXPECT_EQ(w->EditQuantum->Text(), u("Importante"));
-    w->PopImport->setCurrentIndex(0);
-    EXPECT_TRUE(w->EditQuantum->isEnabled());
-    EXPECT_EQ(w->EditQuantum->Text(), QString());
+    PopImport->setCurrentIndex(2);
+    EXPECT_FALSE(EditQuantum->isEnabled());
+    EXPECT_EQ(EditQuantum->Text(), u("Importante"));
+    PopImport->setCurrentIndex(0);
+    EXPECT_TRUE(EditQuantum->isEnabled());
+    EXPECT_EQ(EditQuantum->Text(), QString());
 
     // The options mark the bill and redraw nothing.
     scegli(kDiritti, 1);
-    QSignalSpy redrawn(w->Listbox2->model(), &QAbstractItemModel::rowsInserted);
-    QSignalSpy listed(w->Listbox1->model(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy redrawn(Listbox2->model(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy listed(Listbox1->model(), &QAbstractItemModel::rowsInserted);
     globali().modificato = false;
-    w->checkiva->click();
+    checkiva->click();
     EXPECT_TRUE(!globali().iva && globali().modificato);
     globali().modificato = false;
-    w->checkrite->click();
+    checkrite->click();
     EXPECT_TRUE(!globali().rite && globali().modificato);
     EXPECT_EQ(redrawn.count() + listed.count(), 0);
 }
@@ -87,7 +87,7 @@ TEST_F(FinestraTest, CreaOpensTheOutputWindowAndComesBack)
             EXPECT_FALSE(w->isVisible());
             modal->close();
         });
-        QTest::mouseClick(w->PushCrea[size_t(index)], Qt::LeftButton);
+        QTest::mouseClick(PushCrea[size_t(index)], Qt::LeftButton);
         settle();
         EXPECT_TRUE(seen && w->isVisible() && !globali().modificato);
         EXPECT_EQ(globali().elab, index);

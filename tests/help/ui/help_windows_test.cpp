@@ -1,3 +1,5 @@
+#include "app/app.h"
+#include "core/paths.h"
 #include "editor/ui/finestra.h"
 #include "help/istruzioni.h"
 #include "help/ui/fin_aiuto.h"
@@ -34,12 +36,12 @@ protected:
         UiTest::SetUp();
         QDir(dir.path()).mkdir(u"bin"_s);
         QDir(dir.path()).mkdir(u"Resources"_s);
-        setIstruzioniExecutableFolder(folderPath(u"bin"_s));
+        setExecutableFolder(folderPath(u"bin"_s));
         x_istruzioni() = {};
     }
     void TearDown() override
     {
-        setIstruzioniExecutableFolder(QString());
+        setExecutableFolder(dir.path());
         x_istruzioni() = {};
         UiTest::TearDown();
     }
@@ -54,7 +56,7 @@ protected:
             inspect(*help);
             help->close();
         });
-        fin_aiuto::instance().ShowModal();
+        App::instance()->AiutoMostraaiuto_Action();
         EXPECT_TRUE(seen);
         settle();
         EXPECT_FALSE(fin_aiuto::exists());
@@ -68,7 +70,7 @@ TEST_F(HelpWindows, ManualShownStyledParsedAtEachOpeningClosingShowsTheMainWindo
     writeFile(u"Resources/istruzioni.rtf"_s,
               "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}}\n"
               "\\qc{\\f0\\b\\fs40 Titolo}\\par\n\\ql Citt\\'e0 e {\\i corsivo}.\\par\n}");
-    finestra::instance().hide();
+    App::instance()->mainWindow().hide();
     showHelp([](fin_aiuto &help) {
         const QTextBlock title = help.EditF->document()->firstBlock();
         EXPECT_EQ(title.blockFormat().alignment(), Qt::AlignHCenter);

@@ -1,4 +1,4 @@
-#include "editor/ui/edit_field.h"
+#include "core/ui/edit_field.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -12,9 +12,18 @@ bool tastoSelezionaTutto(const QKeyEvent *event)
     return event->key() == Qt::Key_A && (event->modifiers() & Qt::ControlModifier);
 }
 
-// Cuts what the user adds beyond the limit, and nothing the program sets. It
-// sees the text as it will be after the edit, with the caret behind what was
-// added, so the excess is the tail of the added piece.
+QString unaRiga(QString text)
+{
+    for (QChar &c : text)
+        if (c == QLatin1Char('\r') || c == QLatin1Char('\n'))
+            c = QLatin1Char(' ');
+    return text;
+}
+
+// Turns a line break the user pastes into a blank, and cuts what the user adds
+// beyond the limit; nothing the program sets. It sees the text as it will be
+// after the edit, with the caret behind what was added, so the excess is the
+// tail of the added piece.
 class LimitValidator : public QValidator {
 public:
     explicit LimitValidator(EditLine *field) : QValidator(field), m_field(field) {}
@@ -22,7 +31,10 @@ public:
     State validate(QString &input, int &pos) const override
     {
         const EditLine &f = *m_field;
-        if (f.m_programWrite || f.m_limit <= 0)
+        if (f.m_programWrite)
+            return Acceptable;
+        input = unaRiga(input);
+        if (f.m_limit <= 0)
             return Acceptable;
         const qsizetype allowed = std::max<qsizetype>(f.m_limit, f.m_lastLength);
         const qsizetype excess = input.size() - allowed;

@@ -7,7 +7,9 @@
 // - LimitText stops typing and pasting at the limit, while text the program
 //   sets is never cut;
 // - keyDown, when set, sees every key press before the field does, and
-//   returning true keeps the key from the field.
+//   returning true keeps the key from the field;
+// - a one-line field holds no line break: one the user pastes becomes a blank,
+//   since a break would split the line of a bill or of utenza.txt in two.
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -16,6 +18,9 @@
 namespace lumetra {
 
 using KeyDownHandler = std::function<bool(QKeyEvent *)>;
+
+// The text with each CR and LF turned into a blank.
+QString unaRiga(QString text);
 
 // Whether a key press is the select-all of the fields: the command key (Ctrl;
 // Qt maps the Mac's Cmd to it) with "A", in any letter case.
@@ -31,7 +36,6 @@ public:
     // Hides QLineEdit::setText on purpose: every program write goes through here.
     void setText(const QString &text);
     void setLimitText(int limit) { m_limit = limit; }
-    int LimitText() const { return m_limit; }
 
     KeyDownHandler keyDown;
 
@@ -61,7 +65,6 @@ public:
     QString Text() const;
     void setText(const QString &text);
     void setLimitText(int limit) { m_limit = limit; }
-    int LimitText() const { return m_limit; }
 
     KeyDownHandler keyDown;
 

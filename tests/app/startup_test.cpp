@@ -1,12 +1,14 @@
+#include "app/app.h"
 #include "core/globali.h"
-#include "core/ui/app.h"
+#include "core/quit.h"
+#include "core/ui/edit_field.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
 #include "editor/ui/finestra.h"
 #include "support/test_files.h"
 #include "support/ui_fixture.h"
 
-#include <QLineEdit>
+#include <QFile>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -70,7 +72,9 @@ TEST_F(Startup, FirstRunAsksForTheUserDataBeforeTheMainWindow)
     App::instance()->Event_Open();
     EXPECT_FALSE(mainWindowBeforeSave);
     EXPECT_EQ(globali().utenza[1], QStringLiteral("Avv. Tizio Caio"));
-    EXPECT_EQ(readBytes(folderPath(QStringLiteral("utenza.txt"))),
+    // In the user's own folder, made for it: the program's may not be writable.
+    EXPECT_FALSE(QFile::exists(folderPath(QStringLiteral("utenza.txt"))));
+    EXPECT_EQ(readBytes(folderPath(QStringLiteral("utente/utenza.txt"))),
               QByteArray("\nAvv. Tizio Caio\n\n00100 Roma\n\n\n\n\n\n"));
     EXPECT_TRUE(finestra::instance().isVisible());
 }
@@ -79,6 +83,7 @@ TEST_F(Startup, UserDataFormKeepsTheReservedLine)
 {
     globali().utenza[0] = QStringLiteral("riservato");
     globali().utenza[5] = QStringLiteral("000 000001");
+    writeFile(QStringLiteral("utenza.txt"), QByteArray()); // a portable copy is written where it is
     auto &form = fin_dati_utente::instance();
     EXPECT_EQ(form.EditFute[5]->text(), QStringLiteral("000 000001"));
     form.Show();
@@ -111,6 +116,7 @@ TEST_F(Startup, FailuresEndTheProgramWithStatus1)
     EXPECT_EXIT(
         {
             App::failureSink() = nullptr;
+            App::setStarted(false);
             quitHandler() = [](int code) { QCoreApplication::exit(code); };
             QTimer::singleShot(0, [] { App::instance()->Event_Open(); });
             App::exec();

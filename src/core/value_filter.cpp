@@ -1,8 +1,8 @@
-#include "editor/value_filter.h"
+#include "core/value_filter.h"
 
 namespace lumetra {
 
-std::optional<QString> filtra_valore(const QString &testo)
+std::optional<QString> filtraValore(const QString &testo)
 {
     if (testo.isEmpty())
         return std::nullopt;

@@ -10,6 +10,6 @@
 namespace lumetra {
 
 // The text the field is to take, or nothing when it stands as it is.
-std::optional<QString> filtra_valore(const QString &testo);
+std::optional<QString> filtraValore(const QString &testo);
 
 } // namespace lumetra

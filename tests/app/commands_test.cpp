@@ -1,6 +1,6 @@
+#include "app/menubar.h"
 #include "core/bill_file.h"
 #include "core/ui/fin_avverti.h"
-#include "core/ui/menubar.h"
 #include "editor/ui/finestra_fixture.h"
 #include "support/test_files.h"
 
@@ -19,16 +19,16 @@ protected:
     // A bill of a client, a subject, a value and two items: 350 in all.
     void componi()
     {
-        digita(w->EditField2, u("Spett.le"));
-        QTest::keyClick(w->EditField2, Qt::Key_Return);
-        digita(w->EditField2, u("Comune di Siracusa"));
-        digita(w->EditField1, u("Causa contro Tizio"));
+        digita(EditField2, u("Spett.le"));
+        QTest::keyClick(EditField2, Qt::Key_Return);
+        digita(EditField2, u("Comune di Siracusa"));
+        digita(EditField1, u("Causa contro Tizio"));
         valore(u("10000"));
         scegli(kDiritti);
-        spunta(w->Listbox1, riga(w->Listbox1, kEsameStudio), 4); // Max
+        spunta(Listbox1, riga(Listbox1, kEsameStudio), 4); // Max
         scegli(kSpese);
-        spunta(w->Listbox1, riga(w->Listbox1, kNotifica), 6); // Pers.
-        scriviInCella(w->Listbox1, u("50"));
+        spunta(Listbox1, riga(Listbox1, kNotifica), 6); // Pers.
+        scriviInCella(Listbox1, u("50"));
     }
 
     // Answers the warning with Continua (true) or Annulla (false).
@@ -47,11 +47,11 @@ protected:
 TEST_F(Commands, SaveNewAndReopenBringTheBillBack)
 {
     componi();
-    const QStringList totals = colonna(w->Listbox2, 5);
+    const QStringList totals = colonna(Listbox2, 5);
     ASSERT_EQ(totals.last(), u("350"));
     const QString path = folderPath(u("Causa.qX9"));
     fake.saveAnswers.push_back(path);
-    app()._ArchivioRegistracome_Action();
+    app().ArchivioRegistracome_Action();
     EXPECT_EQ(fake.proposals.last(), u("Parcella.qX9"));
     EXPECT_FALSE(globali().modificato);
     EXPECT_EQ(globali().file_attuale, path);
@@ -60,54 +60,54 @@ TEST_F(Commands, SaveNewAndReopenBringTheBillBack)
                                  "**********\r10000\r60\r"));
     EXPECT_FALSE(item("ArchivioRegistra")->isEnabled()); // grey after a first "Registra come.."
 
-    app()._ArchivioNuovo_Action(); // clean: no question
-    EXPECT_EQ(w->EditField1->Text() + w->EditQuantum->Text(), QString());
-    EXPECT_EQ(colonna(w->Listbox2, 4), (QStringList{u(""), u("TOTALE:")}));
+    app().ArchivioNuovo_Action(); // clean: no question
+    EXPECT_EQ(EditField1->Text() + EditQuantum->Text(), QString());
+    EXPECT_EQ(colonna(Listbox2, 4), (QStringList{u(""), u("TOTALE:")}));
     EXPECT_TRUE(globali().file_attuale.isEmpty());
 
     fake.openAnswers.push_back(path);
-    app()._ArchivioApri_Action();
-    EXPECT_EQ(QStringList({w->EditField1->Text(), w->EditField2->Text(), w->EditQuantum->Text()}),
+    app().ArchivioApri_Action();
+    EXPECT_EQ(QStringList({EditField1->Text(), EditField2->Text(), EditQuantum->Text()}),
               (QStringList{u("Causa contro Tizio"), u("Spett.le\rComune di Siracusa"), u("10000")}));
-    EXPECT_EQ(colonna(w->Listbox2, 5), totals);
-    EXPECT_EQ(w->StaticText2->text(), u("18 / 280"));
+    EXPECT_EQ(colonna(Listbox2, 5), totals);
+    EXPECT_EQ(StaticText2->text(), u("18 / 280"));
     EXPECT_FALSE(globali().modificato);
     EXPECT_EQ(globali().nome_attuale, u("Causa.qX9"));
     EXPECT_TRUE(item("ArchivioRegistra")->isEnabled());
-    app()._ArchivioRegistra_Action();
+    app().ArchivioRegistra_Action();
     EXPECT_EQ(readBytes(path), saved);
 }
 
 TEST_F(Commands, GuardAnsweredBothWays)
 {
     componi();
-    for (auto action : {&App::_ArchivioNuovo_Action, &App::_ArchivioApri_Action, &App::_FileQuit_Action}) {
+    for (auto action : {&App::ArchivioNuovo_Action, &App::ArchivioApri_Action, &App::FileQuit_Action}) {
         rispondi(false);
         (app().*action)();
         EXPECT_TRUE(globali().modificato);
-        EXPECT_EQ(w->EditField1->Text(), u("Causa contro Tizio"));
+        EXPECT_EQ(EditField1->Text(), u("Causa contro Tizio"));
     }
     EXPECT_TRUE(quits.isEmpty());
     rispondi(true);
-    app()._FileQuit_Action();
+    app().FileQuit_Action();
     EXPECT_EQ(quits, QList<int>{0});
 
     // "Continua" and then a cancelled open dialog: the bill stays, the flag goes.
     rispondi(true);
-    app()._ArchivioApri_Action();
+    app().ArchivioApri_Action();
     EXPECT_FALSE(globali().modificato);
-    EXPECT_EQ(w->EditField1->Text(), u("Causa contro Tizio"));
-    EXPECT_EQ(colonna(w->Listbox2, 5).last(), u("350"));
+    EXPECT_EQ(EditField1->Text(), u("Causa contro Tizio"));
+    EXPECT_EQ(colonna(Listbox2, 5).last(), u("350"));
 
     // "Nuovo" keeps the withholding setting and turns VAT back on.
-    w->checkiva->click();
-    w->checkrite->click();
+    checkiva->click();
+    checkrite->click();
     rispondi(true);
-    app()._ArchivioNuovo_Action();
-    EXPECT_EQ(w->EditField1->Text(), QString());
+    app().ArchivioNuovo_Action();
+    EXPECT_EQ(EditField1->Text(), QString());
     EXPECT_FALSE(globali().modificato);
-    EXPECT_TRUE(w->checkiva->isChecked() && globali().iva);
-    EXPECT_FALSE(w->checkrite->isChecked() || globali().rite);
+    EXPECT_TRUE(checkiva->isChecked() && globali().iva);
+    EXPECT_FALSE(checkrite->isChecked() || globali().rite);
 }
 
 TEST_F(Commands, AFileThatIsNoBillIsTakenAsTheNameAndOverwritten)
@@ -117,12 +117,12 @@ TEST_F(Commands, AFileThatIsNoBillIsTakenAsTheNameAndOverwritten)
     componi();
     rispondi(true);
     fake.openAnswers.push_back(foreign);
-    app()._ArchivioApri_Action();
-    EXPECT_EQ(w->EditField1->Text(), u("Causa contro Tizio")); // the old bill stays
+    app().ArchivioApri_Action();
+    EXPECT_EQ(EditField1->Text(), u("Causa contro Tizio")); // the old bill stays
     EXPECT_EQ(globali().nome_attuale, u("Bozza"));
-    app()._ArchivioRegistracome_Action(); // cancelled
+    app().ArchivioRegistracome_Action(); // cancelled
     EXPECT_EQ(fake.proposals.last(), u("Bozza.qX9"));
-    app()._ArchivioRegistra_Action();
+    app().ArchivioRegistra_Action();
     EXPECT_TRUE(readBytes(foreign).startsWith("***PARCELLA***\rCausa contro Tizio\r"));
 }
 
@@ -135,52 +135,29 @@ TEST_F(Commands, DocumentsFromTheDesktopTurnVatOn)
         vuota.addRow();
     vuota.at(kEsameStudio, 0) = u("2");
     writeFile(u("Senza IVA.qX9"), scriviParcella(testa, vuota));
-    w->EditField1->setText(u("modifiche non registrate"));
+    EditField1->setText(u("modifiche non registrate"));
 
     app().Event_OpenDocument(folderPath(u("Senza IVA.qX9")));
-    EXPECT_FALSE(w->checkiva->isChecked());
+    EXPECT_FALSE(checkiva->isChecked());
     EXPECT_TRUE(globali().iva);
     EXPECT_FALSE(globali().rite || globali().modificato);
     // The word goes through the value filter and loses its last letter.
-    EXPECT_EQ(w->EditQuantum->Text(), u("Indeterminabil"));
-    EXPECT_EQ(colonna(w->Listbox2, 0).first(), QString::number(kEsameStudio));
+    EXPECT_EQ(EditQuantum->Text(), u("Indeterminabil"));
+    EXPECT_EQ(colonna(Listbox2, 0).first(), QString::number(kEsameStudio));
 
     fake.openAnswers.push_back(folderPath(u("Senza IVA.qX9")));
-    app()._ArchivioApri_Action();
+    app().ArchivioApri_Action();
     EXPECT_FALSE(globali().iva); // the menu leaves it as the file says
 }
 
-TEST_F(Commands, MenuItemsAndTheirShortcuts)
+TEST_F(Commands, ModificaActsOnTheFocusedField)
 {
-    const std::tuple<const char *, const char *, const char *> cases[] = {
-        {"ArchivioNuovo", "Nuovo", "Ctrl+N"},
-        {"ArchivioApri", "Apri..", "Ctrl+O"},
-        {"ArchivioRegistra", "Registra", "Ctrl+S"},
-        {"ArchivioRegistracome", "Registra come..", ""},
-        {"ArchivioDatiUtente", "Dati Utente..", "Ctrl+U"},
-        {"FileQuit", "Esci", "Ctrl+Q"},
-        {"ModificaAnnulla", "Annulla", "Ctrl+Z"},
-        {"ModificaTaglia", "Taglia", "Ctrl+X"},
-        {"ModificaCopia", "Copia", "Ctrl+C"},
-        {"ModificaIncolla", "Incolla", "Ctrl+V"},
-        {"ModificaCancella", "Elimina", ""},
-        {"ModificaSelezionaTutto", "Seleziona tutto", "Ctrl+A"},
-        {"AiutoMostraaiuto", "Mostra aiuto", "Ctrl+?"},
-        {"AiutoInfo", "Info..", ""},
-    };
-    for (const auto &[name, text, shortcut] : cases) {
-        QAction *a = item(name);
-        ASSERT_NE(a, nullptr) << name;
-        EXPECT_EQ(a->text(), u(text));
-        EXPECT_EQ(a->shortcut(), QKeySequence(u(shortcut))) << name;
-    }
-    // "Modifica" acts on the focused field.
-    w->EditField1->setText(u("testo"));
-    w->EditField1->setFocus();
+    EditField1->setText(u("testo"));
+    EditField1->setFocus();
     item("ModificaSelezionaTutto")->trigger();
     item("ModificaTaglia")->trigger();
-    EXPECT_EQ(w->EditField1->Text(), QString());
+    EXPECT_EQ(EditField1->Text(), QString());
     item("ModificaIncolla")->trigger();
-    EXPECT_EQ(w->EditField1->Text(), u("testo"));
+    EXPECT_EQ(EditField1->Text(), u("testo"));
     EXPECT_TRUE(globali().modificato);
 }

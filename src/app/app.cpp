@@ -1,73 +1,59 @@
-#include "core/ui/app.h"
+#include "app/app.h"
 
+#include "advance/ui/fin_acconto.h"
+#include "app/menubar.h"
 #include "core/bill_file.h"
 #include "core/failure.h"
 #include "core/file_types.h"
+#include "core/files.h"
 #include "core/globali.h"
+#include "core/paths.h"
+#include "core/quit.h"
 #include "core/ui/dialogs.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
-#include "core/ui/menubar.h"
 #include "core/user_data.h"
-#include "editor/ui/edit_field.h"
+#include "document/ui/fin_elaborazione.h"
 #include "editor/ui/finestra.h"
 #include "help/ui/fin_aiuto.h"
 #include "help/ui/finestrainfo.h"
+#include "version.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFile>
 #include <QFileInfo>
 #include <QFileOpenEvent>
+#include <QLibraryInfo>
 #include <QMessageBox>
-#include <QTextStream>
 #include <QThread>
+#include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
 
 namespace lumetra {
 
+namespace {
+bool g_started = false;
+} // namespace
+
 App::App(int &argc, char **argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("Lumetra"));
-    setApplicationVersion(QStringLiteral("1.5.1"));
+    setApplicationVersion(QLatin1String(kVersione));
     setQuitOnLastWindowClosed(false);
+    loadTranslations();
 }
 
 App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); }
 
-namespace {
-
-// The category selection back to "SELEZIONA" and the lists rebuilt, as after
-// every command that changes the whole bill.
-void azzeraRicerca(finestra &w)
+// Qt's own dialogs and context menus in Italian, whatever the system's language.
+void App::loadTranslations()
 {
-    w.EditCerca->setText(QString());
-    w.PopCatA->setCurrentIndex(0);
-    w.PopCatB->clear();
-    w.mostra_ricerca(w.EditCerca->Text());
+    auto *qt = new QTranslator(this);
+    if (qt->load(QLocale(QLocale::Italian, QLocale::Italy), QStringLiteral("qtbase"), QStringLiteral("_"),
+                 QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(qt);
+    else
+        delete qt;
 }
-
-} // namespace
-
-namespace {
-QString g_folderOverride;
-}
-
-QString applicationFolder()
-{
-    return g_folderOverride.isEmpty() ? QCoreApplication::applicationDirPath() : g_folderOverride;
-}
-
-void setApplicationFolder(const QString &folder) { g_folderOverride = folder; }
-
-std::function<void(int)> &quitHandler()
-{
-    static std::function<void(int)> handler = [](int code) { QCoreApplication::exit(code); };
-    return handler;
-}
-
-void Quit(int code) { quitHandler()(code); }
 
 std::function<void(const QString &)> &App::failureSink()
 {
@@ -78,6 +64,8 @@ std::function<void(const QString &)> &App::failureSink()
     return sink;
 }
 
+void App::setStarted(bool started) { g_started = started; }
+
 void App::reportFailure(const QString &reason)
 {
     const QString message = QStringLiteral("Errore imprevisto: %1").arg(reason);
@@ -85,7 +73,8 @@ void App::reportFailure(const QString &reason)
     std::fflush(stderr);
     if (auto &sink = failureSink())
         sink(message);
-    std::exit(1);
+    if (!g_started)
+        std::exit(1);
 }
 
 bool App::notify(QObject *receiver, QEvent *event)
@@ -97,6 +86,7 @@ bool App::notify(QObject *receiver, QEvent *event)
     } catch (...) {
         reportFailure(QStringLiteral("eccezione sconosciuta"));
     }
+    return false;
 }
 
 bool App::event(QEvent *event)
@@ -108,18 +98,39 @@ bool App::event(QEvent *event)
     return QApplication::event(event);
 }
 
+finestra &App::mainWindow()
+{
+    const bool nuova = !finestra::exists();
+    finestra &w = finestra::instance();
+    if (!nuova)
+        return w;
+    w.setMenuBar(menuBar());
+    w.apriCalcolatore = [] { return fin_acconto::instance().ShowModal(); };
+    w.apriDocumento = [this, &w] {
+        fin_elaborazione &f = fin_elaborazione::instance();
+        connect(&f, &fin_elaborazione::chiusa, &w, &QWidget::show);
+        f.componi(datiDocumento());
+        f.ShowModal();
+    };
+    return w;
+}
+
+DatiDocumento App::datiDocumento()
+{
+    const Globali &g = globali();
+    const TestaParcella testa = mainWindow().testa();
+    return {g.dati,    testa.editQuantum, g.utenza, testa.editField1,    testa.editField2,
+            testa.iva, testa.rite,        g.elab,   QDate::currentDate()};
+}
+
 void App::Event_Open()
 {
     auto &g = globali();
     g.modificato = false;
-    QFile file(applicationFolder() + QStringLiteral("/utenza.txt"));
-    if (file.exists()) {
-        if (!file.open(QIODevice::ReadOnly))
-            throw UnhandledFailure(QStringLiteral("impossibile aprire utenza.txt"));
-        g.utenza = leggiUtenza(file.readAll());
-    } else {
-        showUserDataForm();
-    }
+    if (esisteUtenza())
+        g.utenza = caricaUtenza();
+    else
+        showUserDataForm(true);
     carica_dati();
     g.iva = true;
     g.rite = true;
@@ -127,9 +138,19 @@ void App::Event_Open()
 
 void App::Event_OpenDocument(const QString &item)
 {
+    // A document handed over by the desktop that cannot be read is told, and
+    // the bill on the screen stays as it is.
+    const QFileInfo info(item);
+    if (!info.isFile() || !info.isReadable()) {
+        dialogs().messageBox(
+            QStringLiteral("Impossibile aprire il documento %1:\r%2.")
+                .arg(info.fileName(),
+                     info.exists() ? QStringLiteral("non è un file leggibile") : QStringLiteral("il file non esiste")));
+        return;
+    }
     AprifileqXR9(item);
     globali().iva = true;
-    azzeraRicerca(finestra::instance());
+    mainWindow().azzeraRicerca();
     globali().modificato = false;
 }
 
@@ -160,28 +181,28 @@ bool App::guardia()
     return g.consenti;
 }
 
-void App::_ArchivioDatiUtente_Action() { fin_dati_utente::instance().Show(); }
+void App::ArchivioDatiUtente_Action() { showUserDataForm(false); }
 
-void App::_FileQuit_Action()
+void App::FileQuit_Action()
 {
     if (guardia())
         Quit(0);
 }
 
-void App::_ArchivioRegistra_Action()
+void App::ArchivioRegistra_Action()
 {
     if (!globali().file_attuale.isEmpty())
         Registrazione_parcella(globali().file_attuale);
 }
 
-void App::_ArchivioRegistracome_Action()
+void App::ArchivioRegistracome_Action()
 {
     const QString path = dialogs().saveFile(FileTypes::qRX9Lumetra().filter(), nomeProposto(globali().nome_attuale));
     if (!path.isEmpty())
         Registrazione_parcella(path);
 }
 
-void App::_ArchivioNuovo_Action()
+void App::ArchivioNuovo_Action()
 {
     if (!guardia())
         return;
@@ -190,51 +211,40 @@ void App::_ArchivioNuovo_Action()
     g.nome_attuale.clear();
     Event_EnableMenuItems();
     g.dati.azzera();
-    finestra &w = finestra::instance();
-    w.EditField1->setText(QString());
-    w.EditField2->setText(QString());
-    w.EditCerca->setText(QString());
-    w.EditQuantum->setText(QString());
-    w.PopCatA->setCurrentIndex(0);
-    w.PopCatB->clear();
-    w.PopImport->setCurrentIndex(0);
-    // The withholding tax keeps the setting of the last bill; VAT goes back on.
-    w.checkiva->setChecked(true);
-    w.mostra_ricerca(w.EditCerca->Text());
+    mainWindow().svuota();
     g.modificato = false;
 }
 
-void App::_ArchivioApri_Action()
+void App::ArchivioApri_Action()
 {
     if (!guardia())
         return;
     const QString path = dialogs().openFile(FileTypes::qRX9Lumetra().filter());
     if (!path.isEmpty() && QFileInfo::exists(path))
         AprifileqXR9(path);
-    azzeraRicerca(finestra::instance());
+    mainWindow().azzeraRicerca();
     globali().modificato = false;
 }
 
-void App::_AiutoInfo_Action() { finestrainfo::instance().show(); }
+void App::AiutoInfo_Action() { finestrainfo::instance().show(); }
 
-void App::_AiutoMostraaiuto_Action() { fin_aiuto::instance().ShowModal(); }
+void App::AiutoMostraaiuto_Action()
+{
+    fin_aiuto &aiuto = fin_aiuto::instance();
+    connect(&aiuto, &fin_aiuto::chiusa, this, [this] {
+        finestra &w = mainWindow();
+        w.show();
+        w.raise();
+        w.activateWindow();
+    });
+    aiuto.ShowModal();
+}
 
 void App::Registrazione_parcella(const QString &path)
 {
     auto &g = globali();
-    const finestra &w = finestra::instance();
-    TestaParcella testa;
-    testa.editField1 = w.EditField1->Text();
-    testa.editField2 = w.EditField2->Text();
-    testa.editQuantum = w.EditQuantum->Text();
-    testa.iva = g.iva;
-    testa.rite = g.rite;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw UnhandledFailure(QStringLiteral("impossibile creare il file %1 (%2)").arg(path, file.errorString()));
-    if (file.write(scriviParcella(testa, g.dati)) < 0)
-        throw UnhandledFailure(QStringLiteral("impossibile scrivere il file %1 (%2)").arg(path, file.errorString()));
-    file.close();
+    // A failed write ends here: the bill stays modified and its file unchanged.
+    writeWholeFile(path, scriviParcella(mainWindow().testa(), g.dati));
     g.file_attuale = path;
     g.modificato = false;
 }
@@ -247,49 +257,45 @@ void App::AprifileqXR9(const QString &path)
     g.file_attuale = path;
     g.nome_attuale = QFileInfo(path).fileName();
     Event_EnableMenuItems();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw UnhandledFailure(QStringLiteral("impossibile aprire il file %1 (%2)").arg(path, file.errorString()));
-    const LetturaParcella lettura = leggiParcella(file.readAll(), g.dati_contatore());
-    file.close();
-    if (lettura.esito == EsitoLettura::NonParcella)
-        return;
+    const LetturaParcella lettura = apriParcella(readWholeFile(path), g.dati);
     if (lettura.esito == EsitoLettura::SenzaFine) {
         // A section without its terminator: the reader waits for it for ever.
         for (;;)
             QThread::sleep(1);
     }
-    finestra &w = finestra::instance();
-    w.EditField1->setText(lettura.testa.editField1);
-    w.EditField2->setText(lettura.testa.editField2);
-    w.EditQuantum->setText(lettura.testa.editQuantum);
-    g.iva = lettura.testa.iva;
-    g.rite = lettura.testa.rite;
-    w.checkiva->setChecked(g.iva);
-    w.checkrite->setChecked(g.rite);
-    applicaRighe(lettura.righe, g.dati);
+    if (lettura.esito == EsitoLettura::Letta)
+        mainWindow().mostraTesta(lettura.testa);
 }
 
-void App::showUserDataForm() { fin_dati_utente::instance().ShowModal(); }
+void App::showUserDataForm(bool modal)
+{
+    fin_dati_utente &form = fin_dati_utente::instance();
+    connect(&form, &fin_dati_utente::registrato, this, [this] {
+        // On a first run this is where the main window comes into being.
+        finestra &w = mainWindow();
+        w.setWindowTitle(QStringLiteral("Lumetra"));
+        w.mostra_ricerca(w.testoCerca());
+    });
+    if (modal)
+        form.ShowModal();
+    else
+        form.Show();
+}
 
 bool carica_dati()
 {
     auto &g = globali();
-    QFile file(applicationFolder() + QStringLiteral("/tariffe_database.txt"));
-    if (!file.exists()) {
+    const QString path = tariffFile();
+    if (path.isEmpty()) {
         dialogs().messageBox(QStringLiteral("File dei dati tariffari non trovato nella cartella dell'applicazione!\r\r"
                                             "(tarriffe_database.txt non trovato)"));
         Quit(0);
         return false;
     }
-    if (!file.open(QIODevice::ReadOnly))
-        throw UnhandledFailure(QStringLiteral("impossibile aprire tariffe_database.txt"));
-    g.dati = caricaTabella(file.readAll());
-    if (App *app = App::instance())
-        app->Event_EnableMenuItems();
-    finestra &w = finestra::instance();
-    if (App *app = App::instance(); app && w.menuBar() != app->menuBar())
-        w.setMenuBar(app->menuBar());
+    g.dati = caricaTabella(readWholeFile(path));
+    App *app = App::instance();
+    app->Event_EnableMenuItems();
+    finestra &w = app->mainWindow();
     w.show();
     w.mostra_ricerca(w.testoCerca());
     return true;

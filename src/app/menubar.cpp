@@ -1,6 +1,6 @@
-#include "core/ui/menubar.h"
+#include "app/menubar.h"
 
-#include "core/ui/app.h"
+#include "app/app.h"
 
 #include <QAction>
 #include <QApplication>
@@ -61,21 +61,21 @@ void MenuBar1::Untitled0()
     MenuFile->setObjectName(QStringLiteral("MenuFile"));
     App *app = App::instance();
     connect(addItem(MenuFile, "ArchivioNuovo", QStringLiteral("Nuovo"), QKeySequence(QStringLiteral("Ctrl+N"))),
-            &QAction::triggered, app, &App::_ArchivioNuovo_Action);
+            &QAction::triggered, app, &App::ArchivioNuovo_Action);
     connect(addItem(MenuFile, "ArchivioApri", QStringLiteral("Apri.."), QKeySequence(QStringLiteral("Ctrl+O"))),
-            &QAction::triggered, app, &App::_ArchivioApri_Action);
+            &QAction::triggered, app, &App::ArchivioApri_Action);
     addNamedSeparator(MenuFile, "UntitledSeparator");
     connect(addItem(MenuFile, "ArchivioRegistra", QStringLiteral("Registra"), QKeySequence(QStringLiteral("Ctrl+S"))),
-            &QAction::triggered, app, &App::_ArchivioRegistra_Action);
+            &QAction::triggered, app, &App::ArchivioRegistra_Action);
     connect(addItem(MenuFile, "ArchivioRegistracome", QStringLiteral("Registra come..")), &QAction::triggered, app,
-            &App::_ArchivioRegistracome_Action);
+            &App::ArchivioRegistracome_Action);
     addNamedSeparator(MenuFile, "UntitledSeparator1");
     connect(addItem(MenuFile, "ArchivioDatiUtente", QStringLiteral("Dati Utente.."),
                     QKeySequence(QStringLiteral("Ctrl+U"))),
-            &QAction::triggered, app, &App::_ArchivioDatiUtente_Action);
+            &QAction::triggered, app, &App::ArchivioDatiUtente_Action);
     connect(addItem(MenuFile, "FileQuit", QStringLiteral("Esci"), QKeySequence(QStringLiteral("Ctrl+Q")),
                     QAction::QuitRole),
-            &QAction::triggered, app, &App::_FileQuit_Action);
+            &QAction::triggered, app, &App::FileQuit_Action);
 }
 
 void MenuBar1::Untitled1()
@@ -114,9 +114,9 @@ void MenuBar1::Untitled2()
     App *app = App::instance();
     connect(
         addItem(AiutoMenu, "AiutoMostraaiuto", QStringLiteral("Mostra aiuto"), QKeySequence(QStringLiteral("Ctrl+?"))),
-        &QAction::triggered, app, &App::_AiutoMostraaiuto_Action);
+        &QAction::triggered, app, &App::AiutoMostraaiuto_Action);
     connect(addItem(AiutoMenu, "AiutoInfo", QStringLiteral("Info.."), {}, QAction::AboutRole), &QAction::triggered, app,
-            &App::_AiutoInfo_Action);
+            &App::AiutoInfo_Action);
 }
 
 QAction *MenuBar1::item(const QString &name) const { return findChild<QAction *>(name); }

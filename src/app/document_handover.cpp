@@ -1,0 +1,158 @@
+#include "app/document_handover.h"
+
+#include <QApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalServer>
+#include <QLocalSocket>
+
+namespace lumetra {
+
+namespace {
+
+// Lines of the conversation: "apri <path>" for each document, or "attiva",
+// then "fine"; the program that takes them answers "ok".
+const QByteArray kApri = "apri ";
+const QByteArray kAttiva = "attiva";
+const QByteArray kFine = "fine";
+const QByteArray kOk = "ok";
+
+QString sicuro(QString text)
+{
+    for (QChar &c : text)
+        if (!c.isLetterOrNumber() && c != QLatin1Char('-') && c != QLatin1Char('_'))
+            c = QLatin1Char('_');
+    return text.left(32);
+}
+
+} // namespace
+
+DocumentHandover::DocumentHandover(const QString &name, QObject *parent) : QObject(parent), m_name(name)
+{
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &DocumentHandover::openWaiting);
+}
+
+QString DocumentHandover::serverName()
+{
+    QString user = qEnvironmentVariable("USER");
+    if (user.isEmpty())
+        user = QDir::home().dirName();
+    // The graphical session is told by its display; without one (a text
+    // console), by the login session.
+    QString session = qEnvironmentVariable("WAYLAND_DISPLAY") + QLatin1Char('|') + qEnvironmentVariable("DISPLAY");
+    if (session.size() == 1)
+        session = qEnvironmentVariable("XDG_SESSION_ID");
+    const QString tag
+        = QString::fromLatin1(QCryptographicHash::hash(session.toUtf8(), QCryptographicHash::Sha1).toHex().left(12));
+    const QString name = QStringLiteral("lumetra-%1-%2").arg(sicuro(user), tag);
+    // The user's own runtime folder, where no other user can reach, when there is one.
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QFileInfo(runtime).isDir())
+        return QDir(runtime).filePath(name);
+    return name;
+}
+
+DocumentHandover::Esito DocumentHandover::consegna(const QStringList &documents, int timeoutMs) const
+{
+    QLocalSocket socket;
+    socket.connectToServer(m_name);
+    if (!socket.waitForConnected(500))
+        return Esito::NessunProgramma;
+    QByteArray message;
+    for (const QString &document : documents)
+        message += kApri + document.toUtf8() + '\n';
+    if (documents.isEmpty())
+        message += kAttiva + '\n';
+    message += kFine + '\n';
+    socket.write(message);
+    socket.flush();
+    // A program that holds the name but hangs must not swallow the documents.
+    while (!socket.canReadLine()) {
+        if (!socket.waitForReadyRead(timeoutMs))
+            return Esito::NessunaRisposta;
+    }
+    return socket.readLine().trimmed() == kOk ? Esito::Consegnati : Esito::NessunaRisposta;
+}
+
+bool DocumentHandover::listen()
+{
+    if (!m_server) {
+        m_server = new QLocalServer(this);
+        m_server->setSocketOptions(QLocalServer::UserAccessOption);
+        connect(m_server, &QLocalServer::newConnection, this, [this] {
+            while (QLocalSocket *socket = m_server->nextPendingConnection()) {
+                connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+                connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
+                    while (socket->canReadLine()) {
+                        const QByteArray line = socket->readLine().chopped(1);
+                        if (line.startsWith(kApri)) {
+                            socket->setProperty("documenti",
+                                                socket->property("documenti").toStringList()
+                                                    << QString::fromUtf8(line.mid(kApri.size())));
+                        } else if (line == kAttiva) {
+                            socket->setProperty("attiva", true);
+                        } else if (line == kFine) {
+                            socket->write(kOk + '\n');
+                            socket->flush();
+                            for (const QString &document : socket->property("documenti").toStringList())
+                                deliver(document);
+                            if (socket->property("attiva").toBool() && activate)
+                                activate();
+                        }
+                    }
+                });
+            }
+        });
+    }
+    if (m_server->listen(m_name))
+        return true;
+    if (m_server->serverError() != QAbstractSocket::AddressInUseError)
+        return false;
+    QLocalSocket probe;
+    probe.connectToServer(m_name);
+    if (probe.waitForConnected(500))
+        return false; // its owner is alive
+    // Left by a program that did not end cleanly.
+    QLocalServer::removeServer(m_name);
+    return m_server->listen(m_name);
+}
+
+void DocumentHandover::deliver(const QString &document)
+{
+    m_waiting.push_back(document);
+    if (!m_retry.isActive())
+        m_retry.start(0);
+}
+
+void DocumentHandover::openWaiting()
+{
+    if (m_waiting.empty())
+        return;
+    if (!ready || QApplication::activeModalWidget()) {
+        m_retry.start(100);
+        return;
+    }
+    const QString document = m_waiting.front();
+    m_waiting.pop_front();
+    // The next one goes on even if this one fails.
+    if (!m_waiting.empty())
+        m_retry.start(0);
+    if (openDocument)
+        openDocument(document);
+}
+
+QStringList documentArguments(const QStringList &arguments)
+{
+    QStringList documents;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &argument = arguments[i];
+        if (argument.startsWith(QLatin1Char('-')))
+            continue;
+        documents << QFileInfo(argument).absoluteFilePath();
+    }
+    return documents;
+}
+
+} // namespace lumetra

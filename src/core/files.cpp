@@ -1,0 +1,78 @@
+#include "core/files.h"
+
+#include "core/failure.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <cerrno>
+
+namespace lumetra {
+
+namespace {
+
+// Qt reports the system's words for a cause, some of them translated; the user
+// reads ours. They are told apart by Qt's own text for each cause.
+QString motivo(const QString &errorString)
+{
+    static const struct {
+        int code;
+        const char *testo;
+    } noti[] = {
+        {ENOSPC, "disco pieno"},
+        {EDQUOT, "spazio su disco esaurito"},
+        {EFBIG, "file troppo grande"},
+        {EACCES, "permesso negato"},
+        {EPERM, "permesso negato"},
+        {EROFS, "disco di sola lettura"},
+        {ENOENT, "cartella o file inesistente"},
+        {ENOTDIR, "cartella inesistente"},
+        {EISDIR, "è una cartella"},
+        {EIO, "errore del disco"},
+    };
+    for (const auto &n : noti) {
+        if (errorString.contains(qt_error_string(n.code), Qt::CaseInsensitive))
+            return QString::fromUtf8(n.testo);
+    }
+    return errorString;
+}
+
+QString nome(const QString &path) { return QDir::toNativeSeparators(path); }
+
+} // namespace
+
+QByteArray readWholeFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw UnhandledFailure(
+            QStringLiteral("impossibile aprire il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
+    return file.readAll();
+}
+
+void writeWholeFile(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    const auto fallita = [&] {
+        const QString why = motivo(file.errorString());
+        file.cancelWriting();
+        return UnhandledFailure(QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), why));
+    };
+    if (!file.open(QIODevice::WriteOnly))
+        throw fallita();
+    // A short write is not always an error to Qt (a file size limit, a disk
+    // that fills up): the write of the rest then tells why it fails.
+    for (qint64 written = 0; written < bytes.size();) {
+        const qint64 n = file.write(bytes.constData() + written, bytes.size() - written);
+        if (n <= 0)
+            throw fallita();
+        written += n;
+    }
+    if (!file.flush())
+        throw fallita();
+    if (!file.commit())
+        throw UnhandledFailure(
+            QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
+}
+
+} // namespace lumetra

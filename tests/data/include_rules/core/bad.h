@@ -1,0 +1,3 @@
+#pragma once
+// A core header that reaches up into a window: the rule must reject it.
+#include "editor/ui/finestra.h"

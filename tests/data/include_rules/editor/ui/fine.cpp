@@ -1,0 +1,2 @@
+#include "core/globali.h"
+#include "editor/bill.h"

@@ -10,6 +10,7 @@ namespace lumetra {
 namespace {
 constexpr double kWidth = 612;
 constexpr double kBlock = 720;
+constexpr double kHair = 0.05; // points, far below a printer's dot
 } // namespace
 
 int stampaBozza(const QTextDocument &document, QPrinter &printer)
@@ -28,7 +29,11 @@ int stampaBozza(const QTextDocument &document, QPrinter &printer)
     for (int page = 0; page < pages; ++page) {
         painter.save();
         painter.translate(0, -page * kBlock);
-        copy->drawContents(&painter, QRectF(0, page * kBlock, kWidth, kBlock));
+        // A line pushed to the next block starts exactly where this one ends,
+        // and the layout draws every line that touches its clip: a hair less
+        // keeps such a line off this page, where it would be clipped away on
+        // paper but would stay in a PDF's text, found and copied twice.
+        copy->drawContents(&painter, QRectF(0, page * kBlock, kWidth, kBlock).adjusted(0, kHair, 0, -kHair));
         painter.restore();
         if (page + 1 < pages)
             printer.newPage();

@@ -90,9 +90,13 @@ TEST(StampaBozza, FitsTheBlockToThePaperKeepingItsPageBreaks)
     QStringList allWords = document.toPlainText().split(QRegularExpression(q("\\s+")), Qt::SkipEmptyParts);
     allWords.sort();
 
-    constexpr double edge = 12;
+    constexpr double edge = 12, a4Width = 595.28;
     const Carta carte[] = {
         {"A3, a block at its size", QPageSize::A3, QPageLayout::Portrait, edge + 612},
+        {"A4, as wide as it prints", QPageSize::A4, QPageLayout::Portrait, a4Width - edge},
+        {"Letter, as wide as it prints", QPageSize::Letter, QPageLayout::Portrait, 612 - edge},
+        {"A4 across, as high as it prints", QPageSize::A4, QPageLayout::Landscape,
+         edge + 612 * (a4Width - 2 * edge) / 720},
     };
     QTemporaryDir dir;
     QList<QStringList> atItsSize; // the words of each page on A3

@@ -119,8 +119,11 @@ QString Str(std::int64_t number) { return QString::number(number); }
 
 // The leading number of a text: blanks, a sign, the whole part, the decimal
 // mark and its digits, an exponent; 0 when there is none. Group signs count
-// only in d{1,3}(Gddd)+; otherwise the whole part ends at the first one. A
-// null group sign reads none.
+// only in a well-formed grouping, [1-9]d{0,2}(Gddd)+ with no group sign or
+// digit right behind the last group; anywhere else a group sign between
+// digits is the decimal mark, since the program's own fields turn a typed
+// comma into a point and the cents must survive that. A null group sign reads
+// none.
 static double readNumber(const QString &text, QChar decimal, QChar group)
 {
     int i = 0;
@@ -130,21 +133,30 @@ static double readNumber(const QString &text, QChar decimal, QChar group)
     if (i < text.size() && (text[i] == QLatin1Char('-') || text[i] == QLatin1Char('+')))
         s += char(text[i++].unicode());
     bool digits = false;
-    int lead = 0;
+    const int start = i;
     while (i < text.size() && isDigit(text[i])) {
         s += char(text[i++].unicode());
-        ++lead;
         digits = true;
     }
-    if (!group.isNull() && lead >= 1 && lead <= 3) {
-        while (i + 3 < text.size() && text[i] == group && isDigit(text[i + 1]) && isDigit(text[i + 2])
-               && isDigit(text[i + 3]) && (i + 4 >= text.size() || !isDigit(text[i + 4]))) {
-            for (int k = 1; k <= 3; ++k)
-                s += char(text[i + k].unicode());
-            i += 4;
+    QChar mark = decimal;
+    if (!group.isNull() && digits) {
+        const auto groupAt = [&](int k) {
+            return k + 3 < text.size() && text[k] == group && isDigit(text[k + 1]) && isDigit(text[k + 2])
+                && isDigit(text[k + 3]);
+        };
+        int end = i;
+        if (i - start <= 3 && text[start] != QLatin1Char('0'))
+            while (groupAt(end))
+                end += 4;
+        const bool wellFormed = end > i && !(end < text.size() && (text[end] == group || isDigit(text[end])));
+        if (wellFormed) {
+            for (; i < end; i += 4)
+                s += text.mid(i + 1, 3).toStdString();
+        } else if (i + 1 < text.size() && text[i] == group && isDigit(text[i + 1])) {
+            mark = group;
         }
     }
-    if (i < text.size() && text[i] == decimal) {
+    if (i < text.size() && text[i] == mark) {
         int j = i + 1;
         std::string frac = ".";
         while (j < text.size() && isDigit(text[j]))

@@ -1,6 +1,7 @@
 #include "core/text_functions.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace lumetra;
 
@@ -76,30 +77,44 @@ TEST(TextFunctions, CDblFollowsTheConvention)
         const char *text;
         double italian, point;
     };
+    const double inf = std::numeric_limits<double>::infinity();
+    // Group signs count only in a well-formed grouping; a group sign anywhere
+    // else between digits is the decimal mark, so typed cents are never lost.
     const Case cases[] = {
         {"1.225,50", 1225.5, 1.225},
-        {"25000.50", 25000, 25000.5},
-        {"12.5", 12, 12.5},
-        {"1225,00", 1225, 1225},
-        {"0,02", 0.02, 0},
-        {"0.02", 0, 0.02},
-        {"1.234.567,8", 1234567.8, 1.234},
         {"1,234,567.8", 1.234, 1234567.8},
-        {"12.3456", 12, 12.3456},
+        {"1.234.567,8", 1234567.8, 1.234},
+        {"1.225", 1225, 1.225},
+        {"1,225", 1.225, 1225},
+        {"150.000", 150000, 150},
+        {"1000.50", 1000.5, 1000.5},
+        {"1000,50", 1000.5, 1000.5},
+        {"1.5", 1.5, 1.5},
+        {"1,5", 1.5, 1.5},
+        {"0.035", 0.035, 0.035}, // a leading 0 is no grouping
+        {"0,035", 0.035, 0.035},
+        {"1.2.3", 1.2, 1.2},
+        {"1.225.5", 1.225, 1.225}, // something behind the last group
+        {"1.2255", 1.2255, 1.2255},
+        {"1225,00", 1225, 1225},
+        {"12.", 12, 12},
+        {"1.5e3", 1500, 1500},
         {"> 5000", 0, 0},
         {"INDET.", 0, 0},
         {"", 0, 0},
         {" -500", -500, -500},
-        {"-150", -150, -150},
+        {"-1.225,5", -1225.5, -1.225},
         {"--150", 0, 0},
         {",5", 0.5, 0},
-        {"1e2", 100, 100},
+        {".5", 0, 0.5},
         {"—", 0, 0},
+        {"1e999", inf, inf},
     };
     for (const auto &c : cases)
         for (bool italian : {true, false}) {
             ConventionGuard guard(italian);
             EXPECT_DOUBLE_EQ(CDbl(q(c.text)), italian ? c.italian : c.point) << c.text << " italian=" << italian;
+            EXPECT_EQ(CDbl(QString(400, QLatin1Char('9'))), inf);
         }
 }
 

@@ -46,8 +46,13 @@ TEST(BillView, UnitValuesAndTheValueOfTheDispute)
         {kEsameDocumenti, "1", "3", "Importante", Importante, "1|90|270", "90"},
         {kEsameDocumenti, "2", "due", "3000", Prestabilito, "1|60|0", "60"}, // letters as quantity
         {kAccontoPercepito, "-500", "2", "3000", Prestabilito, "1|-500|-1000", "500"}, // advance received
-        // The band search reads the value with Val, the amounts with CDbl.
-        {kEsameDocumenti, "-0,5", "1", "12.5", Prestabilito, "0,5|6|6", "0,5"},
+        // The band search reads the value with Val, the amounts with CDbl; a
+        // point typed for the cents is the decimal mark to both.
+        {kEsameDocumenti, "-0,5", "1", "12.5", Prestabilito, "0,5|6,25|6,25", "0,5"},
+        {kEsameDocumenti, "2", "1", "12000.50", Prestabilito, "0,02|240,01|240,01", "0,02"},
+        {kEsameDocumenti, "2", "1", "150.000", Prestabilito, "1|20|20", "20"}, // the band of 150
+        {kEsameDocumenti, "-1.5", "1", "3000", Prestabilito, "1|1,5|1,5", "1,5"}, // euro, no coefficient
+        {kEsameDocumenti, "-50", "1.5", "3000", Prestabilito, "1|50|75", "50"},
     };
     for (const auto &c : cases) {
         Tabella dati = tariffaPiccola();

@@ -10,8 +10,10 @@ packages=(
   xvfb xauth
 )
 if [ "${1:-}" = "--tests" ]; then
-  # Real readers and writers of RTF for the end-to-end checks.
-  packages+=(libreoffice-writer-nogui poppler-utils)
+  # Real readers and writers of RTF for the end-to-end checks; the checkers
+  # of the installed desktop entry, MIME type and AppStream metadata.
+  packages+=(libreoffice-writer-nogui poppler-utils
+    desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
 fi
 
 missing=()

@@ -1,20 +1,28 @@
 #!/usr/bin/env bash
 # Installs what building, running and testing Lumetra need on Debian 12.
+#   --tests    also what the test suite needs
+#   --package  also what building the Debian package needs
 set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev libglx-dev libopengl-dev libvulkan-dev
   libgtest-dev
-  fonts-liberation2
+  fonts-liberation2 qt6-translations-l10n
   xvfb xauth
 )
-if [ "${1:-}" = "--tests" ]; then
-  # Real readers and writers of RTF for the end-to-end checks; the checkers
-  # of the installed desktop entry, MIME type and AppStream metadata.
-  packages+=(libreoffice-writer-nogui poppler-utils
-    desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
-fi
+case "${1:-}" in
+  --tests)
+    # Real readers and writers of RTF for the end-to-end checks; the checkers
+    # of the installed desktop entry, MIME type and AppStream metadata.
+    packages+=(libreoffice-writer-nogui poppler-utils
+      desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
+    ;;
+  --package)
+    # dpkg-shlibdeps works out the package's dependencies.
+    packages+=(dpkg-dev)
+    ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,0 +1,141 @@
+#!/usr/bin/env bash
+# Installs the build under /usr in a temporary DESTDIR and checks what a desktop
+# gets from it: the file tree, the menu entry, the bill type and the AppStream
+# metadata. Each check is one step; a step reports every fault it finds.
+# Usage: install_test.sh BUILD_DIR SOURCE_DIR VERSION
+set -euo pipefail
+build=$1
+source=$2
+version=$3
+app_id=it.lumetra.Lumetra
+bill_type=application/x-lumetra-parcella
+
+for tool in cmake cmp od desktop-file-validate xmllint update-mime-database gio appstreamcli; do
+    if ! command -v "$tool" >/dev/null; then
+        echo "$tool is missing: run scripts/install-deps.sh --tests" >&2
+        exit 1
+    fi
+done
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+usr=$work/root/usr
+faults=0
+fault() {
+    echo "  FAULT: $*"
+    faults=$((faults + 1))
+}
+
+# The value of KEY in the desktop entry (unlocalised).
+desktop_key() {
+    sed -n "s/^$1=//p" "$usr/share/applications/$app_id.desktop"
+}
+
+# The type the desktop's MIME database, built from the installed tree alone,
+# gives to a file.
+content_type() {
+    XDG_DATA_DIRS=$usr/share XDG_DATA_HOME=$work/home GIO_USE_VFS=local \
+        gio info -a standard::content-type "$1" | sed -n 's/^ *standard::content-type: //p'
+}
+
+check_tree() {
+    local expected=(
+        bin/lumetra
+        bin/lumetra-render
+        share/applications/$app_id.desktop
+        share/lumetra/istruzioni.rtf
+        share/lumetra/tariffe_database.txt
+        share/metainfo/$app_id.metainfo.xml
+        share/mime/packages/lumetra-parcella.xml
+        share/icons/hicolor/scalable/apps/$app_id.svg
+    )
+    local size
+    for size in 16 22 24 32 48 64 128 256; do
+        expected+=("share/icons/hicolor/${size}x$size/apps/$app_id.png")
+    done
+    # Exactly these files: no test, benchmark or build tool slips in.
+    diff <(printf '%s\n' "${expected[@]}" | sort) <(cd "$usr" && find . ! -type d | sed 's|^\./||' | sort) ||
+        fault "the installed tree differs (< expected, > installed)"
+
+    local program
+    for program in lumetra lumetra-render; do
+        [ -x "$usr/bin/$program" ] || fault "bin/$program is not executable"
+    done
+    local data
+    for data in tariffe_database.txt istruzioni.rtf; do
+        cmp -s "$source/Resources/$data" "$usr/share/lumetra/$data" || fault "share/lumetra/$data differs from Resources/"
+    done
+    # A PNG's width and height are the big-endian words at bytes 16 and 20.
+    local png width height
+    for png in "$usr"/share/icons/hicolor/*x*/apps/*.png; do
+        [ -f "$png" ] || continue
+        size=$(basename "$(dirname "$(dirname "$png")")")
+        read -r width height < <(od -An -tu1 -j16 -N8 "$png" |
+            awk '{ print $1 * 16777216 + $2 * 65536 + $3 * 256 + $4, $5 * 16777216 + $6 * 65536 + $7 * 256 + $8 }')
+        [ "${width}x$height" = "$size" ] || fault "the icon in $size is ${width}x$height"
+    done
+}
+
+check_desktop_entry() {
+    local entry=$usr/share/applications/$app_id.desktop report
+    report=$(desktop-file-validate "$entry" 2>&1) || true
+    [ -z "$report" ] || fault "desktop-file-validate: $report"
+
+    local exec icon mime
+    exec=$(desktop_key Exec)
+    [ -x "$usr/bin/${exec%% *}" ] || fault "Exec=$exec names no installed program"
+    icon=$(desktop_key Icon)
+    [ -f "$usr/share/icons/hicolor/scalable/apps/$icon.svg" ] || fault "Icon=$icon names no installed icon"
+    mime=$(desktop_key MimeType)
+    [ "$mime" = "$bill_type;" ] || fault "MimeType=$mime should be $bill_type;"
+}
+
+check_mime_type() {
+    local mime=$usr/share/mime
+    xmllint --noout "$mime/packages/lumetra-parcella.xml" || fault "the MIME package is not well-formed XML"
+    XDG_DATA_DIRS=$usr/share update-mime-database "$mime" || fault "update-mime-database failed"
+
+    local files=$work/files
+    mkdir -p "$files"
+    # A bill as the program writes it is recognised by its first line alone;
+    # any file is by its extension, in any case.
+    cp "$source/tests/data/parcella/esempio.qX9" "$files/bill"
+    printf 'Causa\r' >"$files/Vuota.QX9"
+    local file got
+    for file in bill Vuota.QX9; do
+        got=$(content_type "$files/$file")
+        [ "$got" = "$bill_type" ] || fault "$file is taken for '$got', not $bill_type"
+    done
+    # The mark must end with a carriage return, as the program writes it.
+    printf '***PARCELLA***\nCausa\n' >"$files/not-a-bill"
+    got=$(content_type "$files/not-a-bill")
+    [ "$got" != "$bill_type" ] || fault "not-a-bill is taken for a bill"
+}
+
+check_metainfo() {
+    local metainfo=$usr/share/metainfo/$app_id.metainfo.xml report
+    # The whole tree, so that the desktop entry the metainfo names is looked
+    # for too. Infos are advice; warnings and errors are faults.
+    if ! report=$(appstreamcli validate-tree --no-net "$work/root" 2>&1) || grep -q '^ *[EW]:' <<<"$report"; then
+        fault "appstreamcli validate-tree: $report"
+    fi
+    local released
+    released=$(xmllint --xpath 'string(/component/releases/release[1]/@version)' "$metainfo")
+    [ "$released" = "$version" ] || fault "the newest release in the metainfo is '$released', the project is $version"
+}
+
+echo "installing $build into $work/root"
+DESTDIR=$work/root cmake --install "$build" --prefix /usr >/dev/null
+
+# check_tree comes first, as update-mime-database adds its caches to the tree.
+# Starting the installed program from $usr/bin goes here as one more step.
+steps=(check_tree check_desktop_entry check_mime_type check_metainfo)
+for step in "${steps[@]}"; do
+    before=$faults
+    echo "$step"
+    "$step"
+    [ "$faults" -eq "$before" ] && echo "  ok"
+done
+
+echo "${#steps[@]} steps, $faults faults"
+[ "$faults" -eq 0 ]

@@ -121,6 +121,20 @@ QString testoNota(const Tabella &dati, int i, const QString &voce)
     return voce + QChar(13) + QStringLiteral("* ") + nota;
 }
 
+QString avvisoValore(const QString &valore)
+{
+    const double fascia = Val(valore);
+    const double importi = CDbl(valore);
+    if (fascia == importi)
+        return {};
+    // What the user most likely meant: the reading that is not 0.
+    const double inteso = importi != 0 ? importi : fascia;
+    QString euro = Format(fascia, QStringLiteral("-#.00"));
+    if (euro.startsWith(numberConvention().decimal))
+        euro.prepend(QLatin1Char('0'));
+    return QStringLiteral("Attenzione: fascia di %1 €.\nPer %2 € scrivere %2, senza punti.").arg(euro, CStr(inteso));
+}
+
 int rigaTariffa(const QString &rif) { return toInteger(Val(rif)); }
 
 } // namespace lumetra

@@ -38,6 +38,12 @@ void togliVoce(Tabella &dati, int i);
 // the note of tariff row i on a second line.
 QString testoNota(const Tabella &dati, int i, const QString &voce);
 
+// The warning beside the value of the dispute while its two readings differ:
+// the band is chosen on Val's reading, the coefficients multiply CDbl's, so
+// "150.000" picks the band of 150 and bills on 150000. Two lines: which band,
+// and how to write the figure. Empty when the readings agree.
+QString avvisoValore(const QString &valore);
+
 // The tariff row a list row refers to: the integer of Val of its cell 0.
 int rigaTariffa(const QString &rif);
 

@@ -174,6 +174,9 @@ void finestra::creaControlli()
     EditQuantum->setToolTip(tag("Inserire il valore in Euro della controversia,\r"
                                 "o scegliere, invece di \"Prestabilito\",\r"
                                 "il valore \"Indeterminabile\" o \"Importante\"."));
+    // In the free space at the right of the value, hidden while its two readings agree.
+    StaticAvviso = statico(a, "StaticAvviso", {690, 101, 305, 30}, "", giallo, true, 11);
+    StaticAvviso->hide();
 
     Listbox2 = lista(a, "Listbox2", {11, 134, 984, 226},
                      {QStringLiteral("Rif."), QStringLiteral("Voce"), QStringLiteral("Coefficiente"),
@@ -389,6 +392,9 @@ void finestra::EditQuantum_TextChange()
         EditQuantum->setText(*filtrato);
         EditQuantum->end(false);
     }
+    const QString avviso = avvisoValore(EditQuantum->Text());
+    StaticAvviso->setText(avviso);
+    StaticAvviso->setVisible(!avviso.isEmpty());
     globali().modificato = true;
     mostra_ricerca(EditCerca->Text());
 }

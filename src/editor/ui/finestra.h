@@ -73,6 +73,7 @@ private:
     QComboBox *PopImport;
     QLabel *StaticText6;
     EditLine *EditQuantum;
+    QLabel *StaticAvviso;
     Listbox *Listbox2;
     QLabel *StaticText14;
     QCheckBox *checkiva;

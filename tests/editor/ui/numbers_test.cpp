@@ -1,0 +1,71 @@
+// Amounts typed the Italian way, through the window, to the bill and the document.
+
+#include "advance/ui/fin_acconto.h"
+#include "document/composer.h"
+#include "finestra_fixture.h"
+
+#include <QLabel>
+
+using namespace lumetra;
+using namespace lumetra::test;
+
+TEST_F(FinestraTest, CentsTypedInTheCalculatorReachTheBillAndTheDocument)
+{
+    valore(u("3000"));
+    scegli(kAcconti);
+    onNextModal([&](QWidget *modal) {
+        auto *calc = qobject_cast<fin_acconto *>(modal);
+        ASSERT_NE(calc, nullptr);
+        digita(calc->EditQNL[0], u("1000,50"));
+        EXPECT_EQ(calc->EditQNL[1]->Text(), u("1259,03"));
+        calc->close();
+    });
+    spunta(Listbox1, riga(Listbox1, kAccontoRichiesto), 6);
+    EXPECT_EQ(Listbox2->Cell(0, 4), u("1000,5"));
+    EXPECT_DOUBLE_EQ(globali().totale[0], 1000.5);
+    const QString document = Crea_testo(App::instance()->datiDocumento()).testo;
+    EXPECT_TRUE(document.contains(u("Acconto da richiedere")) && document.contains(u("1000,50 €"))) << document.toStdString();
+}
+
+TEST_F(FinestraTest, AnOwnAmountAndAQuantityWithAPoint)
+{
+    valore(u("10000"));
+    scegli(kDiritti, 1);
+    const int row = riga(Listbox1, kEsameDocumenti);
+    spunta(Listbox1, row, 6);
+    scriviInCella(Listbox1, u("1.5")); // euro, not a coefficient of the value
+    EXPECT_EQ(Listbox2->Cell(0, 2) + u("|") + Listbox2->Cell(0, 4), u("1|1,5"));
+    spunta(Listbox1, row, 6); // off, and on again at 50 euro
+    spunta(Listbox1, row, 6);
+    scriviInCella(Listbox1, u("50"));
+    Listbox2->EditCell(0, 3);
+    scriviInCella(Listbox2, u("1.5"));
+    EXPECT_EQ(Listbox2->Cell(0, 5), u("75"));
+}
+
+TEST_F(FinestraTest, AValueWithThousandsPointsIsPointedOut)
+{
+    auto *avviso = w->findChild<QLabel *>(u("StaticAvviso"));
+    ASSERT_NE(avviso, nullptr);
+    scegli(kDiritti, 0);
+    spunta(Listbox1, riga(Listbox1, kEsameStudio), 3); // Min
+    // value typed, warning shown, the bill's amount (the band by Val, coefficients by CDbl)
+    const std::tuple<const char *, bool, const char *> cases[] = {
+        {"150.000", true, "100"}, // the first band, the band of 150
+        {"150000", false, "3000"}, // 0,02 of 150000
+        {"12000.5", false, "240,01"},
+    };
+    for (const auto &[typed, shown, importo] : cases) {
+        valore(u(typed));
+        EXPECT_EQ(avviso->isVisible(), shown) << typed;
+        EXPECT_EQ(Listbox2->Cell(0, 4), u(importo)) << typed;
+    }
+    valore(u("150.000"));
+    EXPECT_EQ(avviso->text(), u("Attenzione: fascia di 150,00 €.\nPer 150000 € scrivere 150000, senza punti."));
+    // Outside the controls' places: it covers none of them.
+    for (QWidget *control : avviso->parentWidget()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (control != avviso && control->objectName() != u("Rectangle1")) {
+            EXPECT_FALSE(control->geometry().intersects(avviso->geometry())) << control->objectName().toStdString();
+        }
+    }
+}

@@ -65,7 +65,12 @@ TextStyle StyledText::styleAt(int position) const
 void StyledText::syncParagraphs()
 {
     m_paragraphStarts.clear();
-    for (int i = 0; i < m_text.size(); ++i) {
+    addParagraphStarts(0);
+}
+
+void StyledText::addParagraphStarts(int from)
+{
+    for (int i = from; i < m_text.size(); ++i) {
         if (i == 0 || m_text[i - 1] == QChar(13))
             m_paragraphStarts.push_back(i);
     }
@@ -124,9 +129,12 @@ StyleRun StyledText::styleRun(int index) const
 
 void StyledText::AppendStyleRun(const StyleRun &run)
 {
+    // Only the appended characters can start paragraphs: the ones before keep
+    // theirs, so reading a long document stays linear.
+    const int from = int(m_text.size());
     m_text += run.text;
     m_styles.insert(m_styles.end(), size_t(run.text.size()), run.style);
-    syncParagraphs();
+    addParagraphStarts(from);
     m_runsValid = false;
 }
 

@@ -74,6 +74,8 @@ private:
     template <class F>
     void apply(int start, int length, F change);
     void syncParagraphs();
+    // Records the paragraphs that start at or behind from.
+    void addParagraphStarts(int from);
     const std::vector<StyleRun> &runs() const;
 
     QString m_text;

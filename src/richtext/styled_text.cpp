@@ -6,10 +6,19 @@
 
 namespace lumetra {
 
+size_t qHash(const TextStyle &style, size_t seed) noexcept
+{
+    // 0 and -0 are one size, as == has it.
+    const float size = style.size == 0 ? 0.0f : style.size;
+    return qHashMulti(seed, style.font, size, style.bold, style.italic, style.underline, style.textColor);
+}
+
 void StyledText::SetText(const QString &text)
 {
     m_text = text;
-    m_styles.assign(size_t(text.size()), TextStyle{});
+    m_palette.clear();
+    m_paletteIndex.clear();
+    m_styles.assign(size_t(text.size()), styleNumber(TextStyle{}));
     m_alignments.clear();
     syncParagraphs();
     m_runsValid = false;
@@ -20,9 +29,31 @@ void StyledText::apply(int start, int length, F change)
 {
     const int from = std::max(0, start);
     const int to = std::min(int(m_text.size()), start + std::max(0, length));
-    for (int i = from; i < to; ++i)
-        change(m_styles[size_t(i)]);
+    // Neighbours mostly share a style: the last one changed is remembered.
+    int before = -1;
+    int after = -1;
+    for (int i = from; i < to; ++i) {
+        int &number = m_styles[size_t(i)];
+        if (number != before) {
+            TextStyle style = m_palette[size_t(number)];
+            change(style);
+            before = number;
+            after = styleNumber(style);
+        }
+        number = after;
+    }
     m_runsValid = false;
+}
+
+int StyledText::styleNumber(const TextStyle &style)
+{
+    const auto found = m_paletteIndex.constFind(style);
+    if (found != m_paletteIndex.cend())
+        return *found;
+    const int number = int(m_palette.size());
+    m_palette.push_back(style);
+    m_paletteIndex.insert(style, number);
+    return number;
 }
 
 void StyledText::Font(int start, int length, const QString &name)
@@ -59,7 +90,7 @@ TextStyle StyledText::styleAt(int position) const
 {
     if (position < 0 || position >= int(m_styles.size()))
         return {};
-    return m_styles[size_t(position)];
+    return m_palette[size_t(m_styles[size_t(position)])];
 }
 
 void StyledText::syncParagraphs()
@@ -70,8 +101,9 @@ void StyledText::syncParagraphs()
 
 void StyledText::addParagraphStarts(int from)
 {
+    const QChar *chars = m_text.constData();
     for (int i = from; i < m_text.size(); ++i) {
-        if (i == 0 || m_text[i - 1] == QChar(13))
+        if (i == 0 || chars[i - 1] == QChar(13))
             m_paragraphStarts.push_back(i);
     }
     m_alignments.resize(m_paragraphStarts.size(), 0);
@@ -106,11 +138,11 @@ const std::vector<StyleRun> &StyledText::runs() const
 {
     if (!m_runsValid) {
         m_runs.clear();
-        for (int i = 0; i < m_text.size(); ++i) {
-            const TextStyle &s = m_styles[size_t(i)];
-            if (m_runs.empty() || !(m_runs.back().style == s))
-                m_runs.push_back({QString(), s});
-            m_runs.back().text += m_text[i];
+        for (int start = 0, end = 0; start < m_text.size(); start = end) {
+            const int number = m_styles[size_t(start)];
+            while (end < m_text.size() && m_styles[size_t(end)] == number)
+                ++end;
+            m_runs.push_back({m_text.mid(start, end - start), m_palette[size_t(number)]});
         }
         m_runsValid = true;
     }
@@ -133,7 +165,7 @@ void StyledText::AppendStyleRun(const StyleRun &run)
     // theirs, so reading a long document stays linear.
     const int from = int(m_text.size());
     m_text += run.text;
-    m_styles.insert(m_styles.end(), size_t(run.text.size()), run.style);
+    m_styles.insert(m_styles.end(), size_t(run.text.size()), styleNumber(run.style));
     addParagraphStarts(from);
     m_runsValid = false;
 }
@@ -159,7 +191,15 @@ void StyledText::RemoveStyleRun(int index)
 
 bool StyledText::operator==(const StyledText &other) const
 {
-    return m_text == other.m_text && m_styles == other.m_styles && m_alignments == other.m_alignments;
+    if (m_text != other.m_text || m_alignments != other.m_alignments)
+        return false;
+    // The two palettes number their styles each in its own way.
+    for (size_t i = 0; i < m_styles.size(); ++i) {
+        const bool sameAsBefore = i > 0 && m_styles[i] == m_styles[i - 1] && other.m_styles[i] == other.m_styles[i - 1];
+        if (!sameAsBefore && !(m_palette[size_t(m_styles[i])] == other.m_palette[size_t(other.m_styles[i])]))
+            return false;
+    }
+    return true;
 }
 
 } // namespace lumetra

@@ -3,6 +3,7 @@
 // RTF writer and the RTF reader. Character 13 ends a paragraph; a paragraph
 // holds its line end, so "a\rb" has two paragraphs and "a\r" one.
 
+#include <QHash>
 #include <QString>
 #include <cstdint>
 #include <vector>
@@ -22,6 +23,8 @@ struct TextStyle {
 
     bool operator==(const TextStyle &other) const = default;
 };
+
+size_t qHash(const TextStyle &style, size_t seed = 0) noexcept;
 
 struct StyleRun {
     QString text;
@@ -73,13 +76,20 @@ public:
 private:
     template <class F>
     void apply(int start, int length, F change);
+    // The number of a style in the palette, which it joins if it is new.
+    int styleNumber(const TextStyle &style);
     void syncParagraphs();
     // Records the paragraphs that start at or behind from.
     void addParagraphStarts(int from);
     const std::vector<StyleRun> &runs() const;
 
     QString m_text;
-    std::vector<TextStyle> m_styles; // one per character
+    // Each character holds the number of its style in a palette of distinct
+    // styles: a few bytes a character, and runs come apart by comparing
+    // numbers.
+    std::vector<int> m_styles; // one per character
+    std::vector<TextStyle> m_palette;
+    QHash<TextStyle, int> m_paletteIndex;
     std::vector<int> m_alignments; // one per paragraph
     std::vector<int> m_paragraphStarts;
     mutable std::vector<StyleRun> m_runs;

@@ -76,16 +76,6 @@ void StyledText::Italic(int start, int length, bool on)
     apply(start, length, [&](TextStyle &s) { s.italic = on; });
 }
 
-void StyledText::Underline(int start, int length, bool on)
-{
-    apply(start, length, [&](TextStyle &s) { s.underline = on; });
-}
-
-void StyledText::TextColor(int start, int length, Colour colour)
-{
-    apply(start, length, [&](TextStyle &s) { s.textColor = colour; });
-}
-
 TextStyle StyledText::styleAt(int position) const
 {
     if (position < 0 || position >= int(m_styles.size()))

@@ -50,12 +50,11 @@ public:
     void SetText(const QString &text);
 
     // Styles of the characters from start (counted from 0), length of them.
+    // Underline and colour come with appended runs only.
     void Font(int start, int length, const QString &name);
     void Size(int start, int length, float size);
     void Bold(int start, int length, bool on);
     void Italic(int start, int length, bool on);
-    void Underline(int start, int length, bool on);
-    void TextColor(int start, int length, Colour colour);
     TextStyle styleAt(int position) const;
 
     int ParagraphCount() const;

@@ -36,7 +36,7 @@ QByteArray documentOf(int paragraphs)
     styled.Font(0, int(text.size()), QStringLiteral("Times New Roman"));
     styled.Size(0, int(text.size()), 9);
     for (int p = 0; p < paragraphs; ++p) {
-        const Paragraph para = styled.paragraph(p);
+        const Paragraph para = styled.Paragraph(p);
         if (p % 25 == 0) {
             styled.Font(para.startPos, para.length, QStringLiteral("Arial"));
             styled.Size(para.startPos, para.length + 1, 12);

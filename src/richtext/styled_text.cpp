@@ -101,11 +101,11 @@ void StyledText::addParagraphStarts(int from)
 
 int StyledText::ParagraphCount() const { return int(m_paragraphStarts.size()); }
 
-Paragraph StyledText::paragraph(int index) const
+Paragraph StyledText::Paragraph(int index) const
 {
     if (index < 0 || index >= ParagraphCount())
         throw UnhandledFailure(QStringLiteral("paragrafo %1 inesistente").arg(index));
-    Paragraph p;
+    lumetra::Paragraph p;
     p.startPos = m_paragraphStarts[size_t(index)];
     const int next = index + 1 < ParagraphCount() ? m_paragraphStarts[size_t(index) + 1] : int(m_text.size());
     p.length = next - p.startPos;
@@ -122,7 +122,7 @@ void StyledText::ParagraphAlignment(int index, int alignment)
     m_alignments[size_t(index)] = alignment;
 }
 
-int StyledText::ParagraphAlignment(int index) const { return paragraph(index).alignment; }
+int StyledText::ParagraphAlignment(int index) const { return Paragraph(index).alignment; }
 
 const std::vector<StyleRun> &StyledText::runs() const
 {
@@ -141,7 +141,7 @@ const std::vector<StyleRun> &StyledText::runs() const
 
 int StyledText::StyleRunCount() const { return int(runs().size()); }
 
-StyleRun StyledText::styleRun(int index) const
+StyleRun StyledText::StyleRun(int index) const
 {
     const auto &all = runs();
     if (index < 0 || index >= int(all.size()))
@@ -149,7 +149,7 @@ StyleRun StyledText::styleRun(int index) const
     return all[size_t(index)];
 }
 
-void StyledText::AppendStyleRun(const StyleRun &run)
+void StyledText::AppendStyleRun(const lumetra::StyleRun &run)
 {
     // Only the appended characters can start paragraphs: the ones before keep
     // theirs, so reading a long document stays linear.

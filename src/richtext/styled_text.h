@@ -39,6 +39,9 @@ struct Paragraph {
     int alignment = 0;
 };
 
+// Inside the class the operations Paragraph and StyleRun hide the types of
+// the same names, which are therefore written lumetra::Paragraph and
+// lumetra::StyleRun there.
 class StyledText {
 public:
     StyledText() = default;
@@ -59,15 +62,15 @@ public:
 
     int ParagraphCount() const;
     // An index outside 0..ParagraphCount()-1 is an unhandled failure.
-    Paragraph paragraph(int index) const;
+    lumetra::Paragraph Paragraph(int index) const;
     void ParagraphAlignment(int index, int alignment);
     int ParagraphAlignment(int index) const;
 
     // Maximal stretches of characters with one style; a line end does not
     // break a run.
     int StyleRunCount() const;
-    StyleRun styleRun(int index) const;
-    void AppendStyleRun(const StyleRun &run);
+    lumetra::StyleRun StyleRun(int index) const;
+    void AppendStyleRun(const lumetra::StyleRun &run);
     void RemoveStyleRun(int index);
 
     bool operator==(const StyledText &other) const;
@@ -80,7 +83,7 @@ private:
     void syncParagraphs();
     // Records the paragraphs that start at or behind from.
     void addParagraphStarts(int from);
-    const std::vector<StyleRun> &runs() const;
+    const std::vector<lumetra::StyleRun> &runs() const;
 
     QString m_text;
     // Each character holds the number of its style in a palette of distinct
@@ -91,7 +94,7 @@ private:
     QHash<TextStyle, int> m_paletteIndex;
     std::vector<int> m_alignments; // one per paragraph
     std::vector<int> m_paragraphStarts;
-    mutable std::vector<StyleRun> m_runs;
+    mutable std::vector<lumetra::StyleRun> m_runs;
     mutable bool m_runsValid = false;
 };
 

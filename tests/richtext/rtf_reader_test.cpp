@@ -120,7 +120,7 @@ TEST(RtfReader, FuzzCorpusReadsSafely)
             const StyledText t = read(test::readBytes(corpus.filePath(name)));
             QString runs;
             for (int i = 0; i < t.StyleRunCount(); ++i)
-                runs += t.styleRun(i).text;
+                runs += t.StyleRun(i).text;
             EXPECT_EQ(runs, t.Text()) << name.toStdString();
             for (int i = 0; i < t.ParagraphCount(); ++i)
                 EXPECT_TRUE(t.ParagraphAlignment(i) >= 1 && t.ParagraphAlignment(i) <= 3) << name.toStdString();

@@ -17,9 +17,9 @@ TEST(StyledText, ParagraphsEndWithTheirLineEnd)
         EXPECT_EQ(StyledText(text).ParagraphCount(), count) << text.toStdString();
 
     StyledText t(u"ab"_s + CR + CR + u"cde"_s);
-    EXPECT_EQ(std::pair(t.paragraph(1).startPos, t.paragraph(1).length), std::pair(3, 0));
-    EXPECT_EQ(std::pair(t.paragraph(2).startPos, t.paragraph(2).length), std::pair(4, 3));
-    EXPECT_THROW(t.paragraph(3), UnhandledFailure);
+    EXPECT_EQ(std::pair(t.Paragraph(1).startPos, t.Paragraph(1).length), std::pair(3, 0));
+    EXPECT_EQ(std::pair(t.Paragraph(2).startPos, t.Paragraph(2).length), std::pair(4, 3));
+    EXPECT_THROW(t.Paragraph(3), UnhandledFailure);
 }
 
 TEST(StyledText, RunsMergeAcrossLineEndsAndComeApart)

@@ -37,3 +37,22 @@ TEST(StyledText, RunsMergeAcrossLineEndsAndComeApart)
         t.RemoveStyleRun(0);
     EXPECT_EQ(describe(t), u"/"_s);
 }
+
+// A range over runs of several styles changes each in its own way; texts that
+// reach the same styles by different ways are equal.
+TEST(StyledText, RangeStylesOverMixedRunsAndEquality)
+{
+    StyledText t;
+    t.AppendStyleRun({u"ab"_s, {}});
+    t.AppendStyleRun({u"cd"_s, {.italic = true}});
+    t.AppendStyleRun({u"ef"_s, {}});
+    t.Bold(1, 4, true);
+    EXPECT_EQ(describe(t), u"a|<b>b|<bi>cd|<b>e|f/0"_s);
+
+    StyledText same(u"abcdef"_s);
+    same.Bold(1, 4, true);
+    same.Italic(2, 2, true);
+    EXPECT_TRUE(same == t);
+    same.Bold(5, 1, true);
+    EXPECT_FALSE(same == t);
+}

@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     // What the reader built must hold together.
     int length = 0;
     for (int i = 0; i < text.StyleRunCount(); ++i)
-        length += int(text.styleRun(i).text.size());
+        length += int(text.StyleRun(i).text.size());
     if (length != text.Text().size())
         std::abort();
     for (int i = 0; i < text.ParagraphCount(); ++i) {

@@ -42,8 +42,8 @@ StyledText Crea_stile(const QString &text, const StyMap &sty_f, int elab, int si
         const int last = sty_f[size_t(r)][1];
         int length = 0;
         for (int p = first; p <= last; ++p)
-            length += st.paragraph(p).length + 1;
-        const int start = st.paragraph(first).startPos;
+            length += st.Paragraph(p).length + 1;
+        const int start = st.Paragraph(first).startPos;
         st.Size(start, length, float(b.large ? size2 : size1));
         switch (b.style) {
         case Style::Italic:

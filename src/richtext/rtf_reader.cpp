@@ -31,8 +31,13 @@ int hexValue(int b)
     return -1;
 }
 
-// Names of control words compare ignoring case.
-bool is(const QByteArray &name, const char *word) { return name.compare(word, Qt::CaseInsensitive) == 0; }
+// Names of control words compare ignoring case. Most names differ from a word
+// in length already, and a word's length is known here.
+template <size_t N>
+bool is(const QByteArray &name, const char (&word)[N])
+{
+    return name.size() == qsizetype(N - 1) && qstrnicmp(name.constData(), word, N - 1) == 0;
+}
 
 // Font names are stored as bytes; our writer puts them as UTF-8, other writers
 // mostly in ASCII.
@@ -102,7 +107,7 @@ private:
             const int next = byteAt(m_data, m_position + 1);
             if (next == '\\' || next == '{' || next == '}') {
                 m_position++;
-                text(QString(QChar(char16_t(next))));
+                text(QChar(char16_t(next)));
             } else {
                 RtfCommand command;
                 m_position = ReadCommand(m_data, m_position + 1, command);
@@ -126,31 +131,66 @@ private:
             commit();
         } else if (fromQueue) {
             text(queued);
-        } else {
+        } else if (!m_stack.empty()) {
             // Nothing styles text outside every group, and nothing keeps it.
-            if (!m_stack.empty())
-                text(QString(plainChar(m_stack.back().plain, static_cast<unsigned char>(byte))));
+            plainText();
         }
         m_groupJustOpened = false;
         return true;
     }
 
-    void text(const QString &character)
+    static bool isPlain(int byte)
+    {
+        return byte >= 0 && byte != '\\' && byte != '{' && byte != '}' && byte != '\r' && byte != '\n';
+    }
+
+    // The byte at the position and the plain ones behind it, taken whole: each
+    // would do in a pass of its own what the first does, since plain text
+    // queues nothing and ends no paragraph.
+    void plainText()
+    {
+        const qsizetype from = m_position;
+        qsizetype end = from + 1;
+        while (isPlain(byteAt(m_data, end)))
+            ++end;
+        m_position = end - 1;
+        if (m_skipDepth > 0)
+            return;
+        openRun();
+        QString &run = m_run->text;
+        const qsizetype old = run.size();
+        run.resize(old + (end - from));
+        QChar *out = run.data() + old;
+        const RtfEncoding encoding = m_stack.back().plain;
+        for (qsizetype p = from; p < end; ++p)
+            *out++ = plainChar(encoding, static_cast<unsigned char>(m_data[p]));
+        m_textSeen = true;
+    }
+
+    void openRun()
+    {
+        if (m_run)
+            return;
+        const RtfState &state = m_stack.back();
+        TextStyle style;
+        style.bold = state.bold;
+        style.italic = state.italic;
+        style.underline = state.underline;
+        style.size = state.size;
+        style.font = state.font;
+        style.textColor = state.colour;
+        m_run = StyleRun{QString(), style};
+    }
+
+    void text(QChar character) { text(QStringView(&character, 1)); }
+
+    // One character, which from the queue may be a surrogate pair.
+    void text(QStringView character)
     {
         if (m_skipDepth > 0 || m_stack.empty())
             return;
-        const RtfState &state = m_stack.back();
-        if (!m_run) {
-            TextStyle style;
-            style.bold = state.bold;
-            style.italic = state.italic;
-            style.underline = state.underline;
-            style.size = state.size;
-            style.font = state.font;
-            style.textColor = state.colour;
-            m_run = StyleRun{QString(), style};
-        }
-        const bool lineEnd = character == QChar(13);
+        openRun();
+        const bool lineEnd = character.size() == 1 && character.front() == QChar(13);
         if (!m_textSeen && lineEnd)
             return; // leading empty lines never appear
         m_run->text += character;

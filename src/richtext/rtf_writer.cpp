@@ -40,7 +40,7 @@ Tables CreateFontAndColorTables(const StyledText &text)
 {
     Tables t;
     for (int i = 0; i < text.StyleRunCount(); ++i) {
-        const TextStyle style = text.styleRun(i).style;
+        const TextStyle style = text.StyleRun(i).style;
         if (t.fontNumber(style.font) < 0)
             t.fonts.push_back(style.font);
         if (t.colourNumber(style.textColor) < 0)
@@ -129,7 +129,7 @@ QByteArray RTFData(const StyledText &text)
     std::vector<int> starts;
     std::vector<int> alignments;
     for (int p = 0; p < text.ParagraphCount(); ++p) {
-        const Paragraph paragraph = text.paragraph(p);
+        const Paragraph paragraph = text.Paragraph(p);
         starts.push_back(paragraph.startPos);
         alignments.push_back(paragraph.alignment);
     }
@@ -141,7 +141,7 @@ QByteArray RTFData(const StyledText &text)
     int position = 0;
     int cursor = -1;
     for (int r = 0; r < text.StyleRunCount(); ++r) {
-        const StyleRun run = text.styleRun(r);
+        const StyleRun run = text.StyleRun(r);
         const TextStyle &s = run.style;
         QByteArray words;
 

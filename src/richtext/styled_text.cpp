@@ -6,10 +6,19 @@
 
 namespace lumetra {
 
+size_t qHash(const TextStyle &style, size_t seed) noexcept
+{
+    // 0 and -0 are one size, as == has it.
+    const float size = style.size == 0 ? 0.0f : style.size;
+    return qHashMulti(seed, style.font, size, style.bold, style.italic, style.underline, style.textColor);
+}
+
 void StyledText::SetText(const QString &text)
 {
     m_text = text;
-    m_styles.assign(size_t(text.size()), TextStyle{});
+    m_palette.clear();
+    m_paletteIndex.clear();
+    m_styles.assign(size_t(text.size()), styleNumber(TextStyle{}));
     m_alignments.clear();
     syncParagraphs();
     m_runsValid = false;
@@ -20,9 +29,31 @@ void StyledText::apply(int start, int length, F change)
 {
     const int from = std::max(0, start);
     const int to = std::min(int(m_text.size()), start + std::max(0, length));
-    for (int i = from; i < to; ++i)
-        change(m_styles[size_t(i)]);
+    // Neighbours mostly share a style: the last one changed is remembered.
+    int before = -1;
+    int after = -1;
+    for (int i = from; i < to; ++i) {
+        int &number = m_styles[size_t(i)];
+        if (number != before) {
+            TextStyle style = m_palette[size_t(number)];
+            change(style);
+            before = number;
+            after = styleNumber(style);
+        }
+        number = after;
+    }
     m_runsValid = false;
+}
+
+int StyledText::styleNumber(const TextStyle &style)
+{
+    const auto found = m_paletteIndex.constFind(style);
+    if (found != m_paletteIndex.cend())
+        return *found;
+    const int number = int(m_palette.size());
+    m_palette.push_back(style);
+    m_paletteIndex.insert(style, number);
+    return number;
 }
 
 void StyledText::Font(int start, int length, const QString &name)
@@ -45,28 +76,24 @@ void StyledText::Italic(int start, int length, bool on)
     apply(start, length, [&](TextStyle &s) { s.italic = on; });
 }
 
-void StyledText::Underline(int start, int length, bool on)
-{
-    apply(start, length, [&](TextStyle &s) { s.underline = on; });
-}
-
-void StyledText::TextColor(int start, int length, Colour colour)
-{
-    apply(start, length, [&](TextStyle &s) { s.textColor = colour; });
-}
-
 TextStyle StyledText::styleAt(int position) const
 {
     if (position < 0 || position >= int(m_styles.size()))
         return {};
-    return m_styles[size_t(position)];
+    return m_palette[size_t(m_styles[size_t(position)])];
 }
 
 void StyledText::syncParagraphs()
 {
     m_paragraphStarts.clear();
-    for (int i = 0; i < m_text.size(); ++i) {
-        if (i == 0 || m_text[i - 1] == QChar(13))
+    addParagraphStarts(0);
+}
+
+void StyledText::addParagraphStarts(int from)
+{
+    const QChar *chars = m_text.constData();
+    for (int i = from; i < m_text.size(); ++i) {
+        if (i == 0 || chars[i - 1] == QChar(13))
             m_paragraphStarts.push_back(i);
     }
     m_alignments.resize(m_paragraphStarts.size(), 0);
@@ -74,11 +101,11 @@ void StyledText::syncParagraphs()
 
 int StyledText::ParagraphCount() const { return int(m_paragraphStarts.size()); }
 
-Paragraph StyledText::paragraph(int index) const
+Paragraph StyledText::Paragraph(int index) const
 {
     if (index < 0 || index >= ParagraphCount())
         throw UnhandledFailure(QStringLiteral("paragrafo %1 inesistente").arg(index));
-    Paragraph p;
+    lumetra::Paragraph p;
     p.startPos = m_paragraphStarts[size_t(index)];
     const int next = index + 1 < ParagraphCount() ? m_paragraphStarts[size_t(index) + 1] : int(m_text.size());
     p.length = next - p.startPos;
@@ -95,17 +122,17 @@ void StyledText::ParagraphAlignment(int index, int alignment)
     m_alignments[size_t(index)] = alignment;
 }
 
-int StyledText::ParagraphAlignment(int index) const { return paragraph(index).alignment; }
+int StyledText::ParagraphAlignment(int index) const { return Paragraph(index).alignment; }
 
 const std::vector<StyleRun> &StyledText::runs() const
 {
     if (!m_runsValid) {
         m_runs.clear();
-        for (int i = 0; i < m_text.size(); ++i) {
-            const TextStyle &s = m_styles[size_t(i)];
-            if (m_runs.empty() || !(m_runs.back().style == s))
-                m_runs.push_back({QString(), s});
-            m_runs.back().text += m_text[i];
+        for (int start = 0, end = 0; start < m_text.size(); start = end) {
+            const int number = m_styles[size_t(start)];
+            while (end < m_text.size() && m_styles[size_t(end)] == number)
+                ++end;
+            m_runs.push_back({m_text.mid(start, end - start), m_palette[size_t(number)]});
         }
         m_runsValid = true;
     }
@@ -114,7 +141,7 @@ const std::vector<StyleRun> &StyledText::runs() const
 
 int StyledText::StyleRunCount() const { return int(runs().size()); }
 
-StyleRun StyledText::styleRun(int index) const
+StyleRun StyledText::StyleRun(int index) const
 {
     const auto &all = runs();
     if (index < 0 || index >= int(all.size()))
@@ -122,11 +149,14 @@ StyleRun StyledText::styleRun(int index) const
     return all[size_t(index)];
 }
 
-void StyledText::AppendStyleRun(const StyleRun &run)
+void StyledText::AppendStyleRun(const lumetra::StyleRun &run)
 {
+    // Only the appended characters can start paragraphs: the ones before keep
+    // theirs, so reading a long document stays linear.
+    const int from = int(m_text.size());
     m_text += run.text;
-    m_styles.insert(m_styles.end(), size_t(run.text.size()), run.style);
-    syncParagraphs();
+    m_styles.insert(m_styles.end(), size_t(run.text.size()), styleNumber(run.style));
+    addParagraphStarts(from);
     m_runsValid = false;
 }
 
@@ -151,7 +181,15 @@ void StyledText::RemoveStyleRun(int index)
 
 bool StyledText::operator==(const StyledText &other) const
 {
-    return m_text == other.m_text && m_styles == other.m_styles && m_alignments == other.m_alignments;
+    if (m_text != other.m_text || m_alignments != other.m_alignments)
+        return false;
+    // The two palettes number their styles each in its own way.
+    for (size_t i = 0; i < m_styles.size(); ++i) {
+        const bool sameAsBefore = i > 0 && m_styles[i] == m_styles[i - 1] && other.m_styles[i] == other.m_styles[i - 1];
+        if (!sameAsBefore && !(m_palette[size_t(m_styles[i])] == other.m_palette[size_t(other.m_styles[i])]))
+            return false;
+    }
+    return true;
 }
 
 } // namespace lumetra

@@ -3,6 +3,7 @@
 // RTF writer and the RTF reader. Character 13 ends a paragraph; a paragraph
 // holds its line end, so "a\rb" has two paragraphs and "a\r" one.
 
+#include <QHash>
 #include <QString>
 #include <cstdint>
 #include <vector>
@@ -23,6 +24,8 @@ struct TextStyle {
     bool operator==(const TextStyle &other) const = default;
 };
 
+size_t qHash(const TextStyle &style, size_t seed = 0) noexcept;
+
 struct StyleRun {
     QString text;
     TextStyle style;
@@ -36,6 +39,9 @@ struct Paragraph {
     int alignment = 0;
 };
 
+// Inside the class the operations Paragraph and StyleRun hide the types of
+// the same names, which are therefore written lumetra::Paragraph and
+// lumetra::StyleRun there.
 class StyledText {
 public:
     StyledText() = default;
@@ -47,25 +53,24 @@ public:
     void SetText(const QString &text);
 
     // Styles of the characters from start (counted from 0), length of them.
+    // Underline and colour come with appended runs only.
     void Font(int start, int length, const QString &name);
     void Size(int start, int length, float size);
     void Bold(int start, int length, bool on);
     void Italic(int start, int length, bool on);
-    void Underline(int start, int length, bool on);
-    void TextColor(int start, int length, Colour colour);
     TextStyle styleAt(int position) const;
 
     int ParagraphCount() const;
     // An index outside 0..ParagraphCount()-1 is an unhandled failure.
-    Paragraph paragraph(int index) const;
+    lumetra::Paragraph Paragraph(int index) const;
     void ParagraphAlignment(int index, int alignment);
     int ParagraphAlignment(int index) const;
 
     // Maximal stretches of characters with one style; a line end does not
     // break a run.
     int StyleRunCount() const;
-    StyleRun styleRun(int index) const;
-    void AppendStyleRun(const StyleRun &run);
+    lumetra::StyleRun StyleRun(int index) const;
+    void AppendStyleRun(const lumetra::StyleRun &run);
     void RemoveStyleRun(int index);
 
     bool operator==(const StyledText &other) const;
@@ -73,14 +78,23 @@ public:
 private:
     template <class F>
     void apply(int start, int length, F change);
+    // The number of a style in the palette, which it joins if it is new.
+    int styleNumber(const TextStyle &style);
     void syncParagraphs();
-    const std::vector<StyleRun> &runs() const;
+    // Records the paragraphs that start at or behind from.
+    void addParagraphStarts(int from);
+    const std::vector<lumetra::StyleRun> &runs() const;
 
     QString m_text;
-    std::vector<TextStyle> m_styles; // one per character
+    // Each character holds the number of its style in a palette of distinct
+    // styles: a few bytes a character, and runs come apart by comparing
+    // numbers.
+    std::vector<int> m_styles; // one per character
+    std::vector<TextStyle> m_palette;
+    QHash<TextStyle, int> m_paletteIndex;
     std::vector<int> m_alignments; // one per paragraph
     std::vector<int> m_paragraphStarts;
-    mutable std::vector<StyleRun> m_runs;
+    mutable std::vector<lumetra::StyleRun> m_runs;
     mutable bool m_runsValid = false;
 };
 

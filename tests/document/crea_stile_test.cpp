@@ -20,8 +20,8 @@ QString blocchi(const StyledText &st, const StyMap &sty_f, int size1, int size2)
     for (size_t r = 0; r < 7; ++r) {
         const auto [first, last, zone] = sty_f[r];
         QSet<QString> looks;
-        for (int i = st.paragraph(first).startPos;
-             last >= first && i <= st.paragraph(last).startPos + st.paragraph(last).length; ++i) {
+        for (int i = st.Paragraph(first).startPos;
+             last >= first && i <= st.Paragraph(last).startPos + st.Paragraph(last).length; ++i) {
             const TextStyle s = st.styleAt(i);
             const QString size = s.size == size1 ? q("s") : s.size == size2 ? q("L") : q("?");
             looks << size + (s.bold ? q("b") : q("")) + (s.italic ? q("i") : q(""));

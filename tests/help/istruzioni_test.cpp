@@ -41,12 +41,12 @@ TEST(Istruzioni, ShippedManualReadsCleanWithItsChapters)
 {
     StyledText t;
     SetRTFData(t, test::readBytes(QStringLiteral(LUMETRA_SOURCE_DIR "/Resources/istruzioni.rtf")));
-    EXPECT_EQ(t.styleRun(0).text, u"Lumetra"_s);
-    EXPECT_TRUE(t.styleRun(0).style.bold && t.styleRun(0).style.size > 16);
+    EXPECT_EQ(t.StyleRun(0).text, u"Lumetra"_s);
+    EXPECT_TRUE(t.StyleRun(0).style.bold && t.StyleRun(0).style.size > 16);
     EXPECT_EQ(t.ParagraphAlignment(0), 2);
     int chapter = 0; // numbered in order, each a bold and larger run of its own
     for (int i = 1; i < t.StyleRunCount(); ++i) {
-        const StyleRun r = t.styleRun(i);
+        const StyleRun r = t.StyleRun(i);
         chapter += r.style.bold && r.style.size > 16 && r.text.startsWith(QString::number(chapter + 1) + u". "_s);
     }
     EXPECT_EQ(chapter, 14);

@@ -17,9 +17,9 @@ TEST(StyledText, ParagraphsEndWithTheirLineEnd)
         EXPECT_EQ(StyledText(text).ParagraphCount(), count) << text.toStdString();
 
     StyledText t(u"ab"_s + CR + CR + u"cde"_s);
-    EXPECT_EQ(std::pair(t.paragraph(1).startPos, t.paragraph(1).length), std::pair(3, 0));
-    EXPECT_EQ(std::pair(t.paragraph(2).startPos, t.paragraph(2).length), std::pair(4, 3));
-    EXPECT_THROW(t.paragraph(3), UnhandledFailure);
+    EXPECT_EQ(std::pair(t.Paragraph(1).startPos, t.Paragraph(1).length), std::pair(3, 0));
+    EXPECT_EQ(std::pair(t.Paragraph(2).startPos, t.Paragraph(2).length), std::pair(4, 3));
+    EXPECT_THROW(t.Paragraph(3), UnhandledFailure);
 }
 
 TEST(StyledText, RunsMergeAcrossLineEndsAndComeApart)
@@ -36,4 +36,23 @@ TEST(StyledText, RunsMergeAcrossLineEndsAndComeApart)
     while (t.StyleRunCount() > 0)
         t.RemoveStyleRun(0);
     EXPECT_EQ(describe(t), u"/"_s);
+}
+
+// A range over runs of several styles changes each in its own way; texts that
+// reach the same styles by different ways are equal.
+TEST(StyledText, RangeStylesOverMixedRunsAndEquality)
+{
+    StyledText t;
+    t.AppendStyleRun({u"ab"_s, {}});
+    t.AppendStyleRun({u"cd"_s, {.italic = true}});
+    t.AppendStyleRun({u"ef"_s, {}});
+    t.Bold(1, 4, true);
+    EXPECT_EQ(describe(t), u"a|<b>b|<bi>cd|<b>e|f/0"_s);
+
+    StyledText same(u"abcdef"_s);
+    same.Bold(1, 4, true);
+    same.Italic(2, 2, true);
+    EXPECT_TRUE(same == t);
+    same.Bold(5, 1, true);
+    EXPECT_FALSE(same == t);
 }

@@ -15,7 +15,7 @@ inline QString describe(const StyledText &t)
 {
     QStringList runs;
     for (int i = 0; i < t.StyleRunCount(); ++i) {
-        const TextStyle s = t.styleRun(i).style;
+        const TextStyle s = t.StyleRun(i).style;
         QStringList parts{QString::fromLatin1(s.bold ? "b" : "") + QLatin1StringView(s.italic ? "i" : "")
                           + QLatin1StringView(s.underline ? "u" : "")};
         if (s.size != 0)
@@ -26,7 +26,7 @@ inline QString describe(const StyledText &t)
             parts << QStringLiteral("#%1").arg(s.textColor, 6, 16, QLatin1Char('0'));
         const QString style = parts.join(QLatin1Char(' ')).trimmed();
         runs << (style.isEmpty() ? QString() : QLatin1Char('<') + style + QLatin1Char('>'))
-                + QString(t.styleRun(i).text).replace(QChar(13), QChar(0x00B6));
+                + QString(t.StyleRun(i).text).replace(QChar(13), QChar(0x00B6));
     }
     QString out = runs.join(QLatin1Char('|')) + QLatin1Char('/');
     for (int i = 0; i < t.ParagraphCount(); ++i)

@@ -129,7 +129,7 @@ void setStyledText(QTextDocument &document, const StyledText &text)
     cursor.setBlockFormat(formatOf(0));
 
     for (int r = 0; r < text.StyleRunCount(); ++r) {
-        const StyleRun run = text.styleRun(r);
+        const StyleRun run = text.StyleRun(r);
         const QTextCharFormat format = charFormat(run.style);
         QString pending;
         for (QChar c : run.text) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <memory>
 
 namespace lumetra {
 
@@ -84,21 +85,22 @@ bool DocumentHandover::listen()
         connect(m_server, &QLocalServer::newConnection, this, [this] {
             while (QLocalSocket *socket = m_server->nextPendingConnection()) {
                 connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-                connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
+                // What one start asks for, taken up once it has said all.
+                auto documenti = std::make_shared<QStringList>();
+                auto attiva = std::make_shared<bool>(false);
+                connect(socket, &QLocalSocket::readyRead, socket, [this, socket, documenti, attiva] {
                     while (socket->canReadLine()) {
                         const QByteArray line = socket->readLine().chopped(1);
                         if (line.startsWith(kApri)) {
-                            socket->setProperty("documenti",
-                                                socket->property("documenti").toStringList()
-                                                    << QString::fromUtf8(line.mid(kApri.size())));
+                            *documenti << QString::fromUtf8(line.mid(kApri.size()));
                         } else if (line == kAttiva) {
-                            socket->setProperty("attiva", true);
+                            *attiva = true;
                         } else if (line == kFine) {
                             socket->write(kOk + '\n');
                             socket->flush();
-                            for (const QString &document : socket->property("documenti").toStringList())
+                            for (const QString &document : *documenti)
                                 deliver(document);
-                            if (socket->property("attiva").toBool() && activate)
+                            if (*attiva && activate)
                                 activate();
                         }
                     }
@@ -106,15 +108,13 @@ bool DocumentHandover::listen()
             }
         });
     }
-    if (m_server->listen(m_name))
-        return true;
-    if (m_server->serverError() != QAbstractSocket::AddressInUseError)
-        return false;
+    // Qt puts a socket with access options in place by renaming it over any
+    // file of that name, a live program's included: so ask first.
     QLocalSocket probe;
     probe.connectToServer(m_name);
     if (probe.waitForConnected(500))
         return false; // its owner is alive
-    // Left by a program that did not end cleanly.
+    // Nothing there, or a socket left by a program that did not end cleanly.
     QLocalServer::removeServer(m_name);
     return m_server->listen(m_name);
 }

@@ -58,7 +58,8 @@ void writeWholeFile(const QString &path, const QByteArray &bytes)
         file.cancelWriting();
         return UnhandledFailure(QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), why));
     };
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered, so that each write reaches the system and its failure is seen.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw fallita();
     // A short write is not always an error to Qt (a file size limit, a disk
     // that fills up): the write of the rest then tells why it fails.

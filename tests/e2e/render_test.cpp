@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace lumetra::test;
 using namespace Qt::StringLiterals;
@@ -116,4 +117,19 @@ TEST(Render, ComposesTheShippedTariffQuickly)
     // A generous bound: the tool is meant for batches, and CI machines are shared.
     EXPECT_LT(times[1], 2000);
     RecordProperty("median_ms", int(times[1]));
+}
+
+TEST(Render, RefusesWhatIsNoRegularFile)
+{
+    // A FIFO would block the run, /dev/zero would fill the memory.
+    QTemporaryDir dir;
+    const QByteArray fifo = dir.filePath(u"tubo.qX9"_s).toLocal8Bit();
+    ASSERT_EQ(mkfifo(fifo.constData(), 0600), 0);
+    for (const QString &bill : {QString::fromLocal8Bit(fifo), u"/dev/zero"_s}) {
+        QStringList args = exampleBill(u"text"_s);
+        args[5] = bill;
+        const Result r = render(args);
+        EXPECT_EQ(r.status, 1) << bill.toStdString();
+        EXPECT_TRUE(r.err.contains("is not a regular file")) << r.err.constData();
+    }
 }

@@ -21,6 +21,7 @@
 
 #include <QFileInfo>
 #include <QFileOpenEvent>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QThread>
@@ -38,6 +39,12 @@ App::App(int &argc, char **argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("Lumetra"));
     setApplicationVersion(QLatin1String(kVersione));
+    // The desktop matches the windows to the menu entry and its icon by this.
+    setDesktopFileName(QStringLiteral("it.lumetra.Lumetra"));
+    QIcon icona;
+    for (int size : {16, 32, 48, 64, 128, 256})
+        icona.addFile(QStringLiteral(":/icone/%1.png").arg(size));
+    setWindowIcon(icona);
     setQuitOnLastWindowClosed(false);
     loadTranslations();
 }
@@ -105,6 +112,10 @@ finestra &App::mainWindow()
     if (!nuova)
         return w;
     w.setMenuBar(menuBar());
+    w.apriParcellaTrascinata = [this](const QString &path) {
+        if (guardia())
+            apriScelta(path);
+    };
     w.apriCalcolatore = [] { return fin_acconto::instance().ShowModal(); };
     w.apriDocumento = [this, &w] {
         fin_elaborazione &f = fin_elaborazione::instance();
@@ -217,9 +228,12 @@ void App::ArchivioNuovo_Action()
 
 void App::ArchivioApri_Action()
 {
-    if (!guardia())
-        return;
-    const QString path = dialogs().openFile(FileTypes::qRX9Lumetra().filter());
+    if (guardia())
+        apriScelta(dialogs().openFile(FileTypes::qRX9Lumetra().filter()));
+}
+
+void App::apriScelta(const QString &path)
+{
     if (!path.isEmpty() && QFileInfo::exists(path))
         AprifileqXR9(path);
     mainWindow().azzeraRicerca();

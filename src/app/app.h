@@ -65,6 +65,8 @@ protected:
 private:
     // The guard of Nuovo, Apri and Esci: true when the user may go on.
     bool guardia();
+    // The rest of "Apri..", once a file is chosen (or not: an empty path).
+    void apriScelta(const QString &path);
     void showUserDataForm(bool modal);
     void loadTranslations();
 

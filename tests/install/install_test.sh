@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the build under /usr in a temporary DESTDIR and checks what a desktop
-# gets from it: the file tree, the menu entry, the bill type and the AppStream
-# metadata. Each check is one step; a step reports every fault it finds.
+# gets from it: the file tree, the program's first start, the menu entry, the
+# bill type and the AppStream metadata. Each check is one step; a step reports every fault it finds.
 # Usage: install_test.sh BUILD_DIR SOURCE_DIR VERSION
 set -euo pipefail
 build=$1
@@ -10,7 +10,7 @@ version=$3
 app_id=it.lumetra.Lumetra
 bill_type=application/x-lumetra-parcella
 
-for tool in cmake cmp od desktop-file-validate xmllint update-mime-database gio appstreamcli; do
+for tool in cmake cmp od desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
     if ! command -v "$tool" >/dev/null; then
         echo "$tool is missing: run scripts/install-deps.sh --tests" >&2
         exit 1
@@ -112,6 +112,46 @@ check_mime_type() {
     [ "$got" != "$bill_type" ] || fault "not-a-bill is taken for a bill"
 }
 
+# The installed program started by a new user, on a display of its own: the
+# tariff and the manual are found under share/, the first-run form writes
+# utenza.txt in the user's own folder, and nothing is written into the install.
+check_first_start() {
+    local home=$work/utente display=:$((100 + RANDOM % 800)) xvfb program wid
+    mkdir -p "$home" "$work/run"
+    chmod 700 "$work/run"
+    local before
+    before=$(cd "$usr" && find . | sort)
+    Xvfb "$display" -screen 0 1280x900x24 -nolisten tcp >/dev/null 2>&1 &
+    xvfb=$!
+    for _ in $(seq 50); do DISPLAY=$display xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
+    HOME=$home USER=lumetra-install-test XDG_RUNTIME_DIR=$work/run XDG_DATA_HOME= DISPLAY=$display \
+        QT_QPA_PLATFORM=xcb "$usr/bin/lumetra" >"$work/lumetra.log" 2>&1 &
+    program=$!
+    export DISPLAY=$display
+    if wid=$(timeout 20 xdotool search --sync --name '^senza titolo$' | head -1) && [ -n "$wid" ]; then
+        xdotool mousemove --window "$wid" 200 170 click 1 type --delay 20 'Avv. Prova Installata'
+        xdotool mousemove --window "$wid" 300 431 click 1 # Registra
+        # The main window, 1004 points wide, and not a message about a missing tariff.
+        local width=0
+        for _ in $(seq 100); do
+            for wid in $(xdotool search --name '^Lumetra$' 2>/dev/null); do
+                width=$(xdotool getwindowgeometry "$wid" | sed -n 's/.*Geometry: \([0-9]*\)x.*/\1/p')
+                [ "${width:-0}" -ge 1000 ] && break 2
+            done
+            sleep 0.1
+        done
+        [ "${width:-0}" -ge 1000 ] || fault "the main window did not come: is the tariff found? $(cat "$work/lumetra.log")"
+        grep -q '^Avv. Prova Installata$' "$home/.local/share/lumetra/utenza.txt" 2>/dev/null ||
+            fault "the first-run form wrote no utenza.txt under \$HOME/.local/share/lumetra"
+    else
+        fault "the first-run form did not come: $(cat "$work/lumetra.log")"
+    fi
+    kill "$program" "$xvfb" 2>/dev/null || true
+    wait "$program" "$xvfb" 2>/dev/null || true
+    unset DISPLAY
+    [ "$(cd "$usr" && find . | sort)" = "$before" ] || fault "the program wrote into the installed tree"
+}
+
 check_metainfo() {
     local metainfo=$usr/share/metainfo/$app_id.metainfo.xml report
     # The whole tree, so that the desktop entry the metainfo names is looked
@@ -128,8 +168,7 @@ echo "installing $build into $work/root"
 DESTDIR=$work/root cmake --install "$build" --prefix /usr >/dev/null
 
 # check_tree comes first, as update-mime-database adds its caches to the tree.
-# Starting the installed program from $usr/bin goes here as one more step.
-steps=(check_tree check_desktop_entry check_mime_type check_metainfo)
+steps=(check_tree check_first_start check_desktop_entry check_mime_type check_metainfo)
 for step in "${steps[@]}"; do
     before=$faults
     echo "$step"

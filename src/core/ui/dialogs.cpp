@@ -16,6 +16,7 @@ namespace {
 Dialogs g_platform;
 Dialogs *g_current = &g_platform;
 QString g_lastFolder;
+} // namespace
 
 QString dialogFolder()
 {
@@ -26,13 +27,12 @@ QString dialogFolder()
     return QDir::homePath();
 }
 
-QString remember(const QString &path)
+QString rememberFolder(const QString &path)
 {
     if (!path.isEmpty())
         g_lastFolder = QFileInfo(path).absolutePath();
     return path;
 }
-} // namespace
 
 void Dialogs::messageBox(const QString &text)
 {
@@ -45,7 +45,8 @@ void Dialogs::messageBox(const QString &text)
 
 QString Dialogs::openFile(const QString &filter)
 {
-    return remember(QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), dialogFolder(), filter));
+    return rememberFolder(
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), dialogFolder(), filter));
 }
 
 QString Dialogs::saveFile(const QString &filter, const QString &proposedName)
@@ -55,7 +56,7 @@ QString Dialogs::saveFile(const QString &filter, const QString &proposedName)
     dialog.selectFile(proposedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    return remember(dialog.selectedFiles().constFirst());
+    return rememberFolder(dialog.selectedFiles().constFirst());
 }
 
 bool Dialogs::printerDialog(QPrinter &printer)

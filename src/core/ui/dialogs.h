@@ -21,6 +21,12 @@ public:
     virtual bool printerDialog(QPrinter &printer);
 };
 
+// Where the file dialogs open: the folder of the current bill, else the last
+// folder a file was chosen in, else the home folder.
+QString dialogFolder();
+// Notes the folder of a file the user chose; an empty path notes nothing.
+QString rememberFolder(const QString &path);
+
 Dialogs &dialogs();
 // Replaces the dialogs (tests); nullptr restores the system's.
 void setDialogs(Dialogs *replacement);

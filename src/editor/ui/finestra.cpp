@@ -14,9 +14,11 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -129,6 +131,10 @@ finestra::finestra()
     creaControlli();
     collegaHandler();
     ordinaTabulazione();
+    setAcceptDrops(true);
+    installEventFilter(this);
+    for (QWidget *child : findChildren<QWidget *>())
+        child->installEventFilter(this);
 }
 
 void finestra::creaControlli()
@@ -284,6 +290,41 @@ void finestra::ordinaTabulazione()
 void finestra::Event_Open() { setWindowTitle(QStringLiteral("Lumetra")); }
 
 void finestra::Event_Close() { Quit(0); }
+
+QString finestra::parcellaTrascinata(const QMimeData *mime)
+{
+    if (!mime || !mime->hasUrls() || mime->urls().size() != 1)
+        return {};
+    const QString path = mime->urls().constFirst().toLocalFile();
+    return path.endsWith(QStringLiteral(".qX9"), Qt::CaseInsensitive) ? path : QString();
+}
+
+bool finestra::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove: {
+        auto *drag = static_cast<QDragMoveEvent *>(event);
+        if (parcellaTrascinata(drag->mimeData()).isEmpty())
+            break;
+        drag->acceptProposedAction();
+        return true;
+    }
+    case QEvent::Drop: {
+        auto *drop = static_cast<QDropEvent *>(event);
+        const QString path = parcellaTrascinata(drop->mimeData());
+        if (path.isEmpty())
+            break;
+        drop->acceptProposedAction();
+        if (apriParcellaTrascinata)
+            apriParcellaTrascinata(path);
+        return true;
+    }
+    default:
+        break;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
 
 void finestra::closeEvent(QCloseEvent *event)
 {

@@ -15,6 +15,7 @@ class QCheckBox;
 class QComboBox;
 class QKeyEvent;
 class QLabel;
+class QMimeData;
 class QPushButton;
 
 namespace lumetra {
@@ -57,6 +58,11 @@ public:
     // The output window, for the document globali().elab names; it returns when
     // that window has closed.
     std::function<void()> apriDocumento;
+    // A bill dropped on the window, to be opened as "Apri.." opens one.
+    std::function<void(const QString &)> apriParcellaTrascinata;
+
+    // The bill file a drag carries, if it carries one.
+    static QString parcellaTrascinata(const QMimeData *mime);
 
 private:
     // The controls, in the order they lie on the window.
@@ -114,6 +120,8 @@ private:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    // A bill dropped anywhere on the window, on a field or a list too, opens.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void creaControlli();

@@ -16,7 +16,8 @@ case "${1:-}" in
     # Real readers and writers of RTF for the end-to-end checks; the checkers
     # of the installed desktop entry, MIME type and AppStream metadata.
     packages+=(libreoffice-writer-nogui poppler-utils
-      desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream xdotool)
+      desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream xdotool
+      clang-format)
     ;;
   --package)
     # dpkg-shlibdeps works out the package's dependencies.

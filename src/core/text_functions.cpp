@@ -174,10 +174,12 @@ static double readNumber(const QString &text, QChar decimal, QChar group)
         s.erase(0, 1);
     if (s.back() == '.')
         s.pop_back();
+    // A whole part of 0 before a bare fraction. (Not string::insert: GCC 12
+    // warns wrongly of overlapping copies in it at -O3.)
     if (s.size() > 1 && s[0] == '-' && s[1] == '.')
-        s.insert(1, "0");
+        s = "-0" + s.substr(1);
     else if (s[0] == '.')
-        s.insert(0, "0");
+        s = "0" + s;
     return parseAscii(s);
 }
 

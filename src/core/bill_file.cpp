@@ -9,24 +9,18 @@ namespace {
 
 const QString kIntestazione = QStringLiteral("***PARCELLA***");
 
-// A multi-line field: its own line ends are the file's line end too.
-void scriviTesto(QByteArray &out, const QString &text)
+// One line of the file, or, for a multi-line field, as many as it has: its own
+// line ends are the file's too. In a one-line field a line break would shift
+// every line after it, so it is written as a blank.
+void scriviRiga(QByteArray &out, QString text, bool piuRighe = false)
 {
-    QString line = text;
-    line.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
-    line.replace(QLatin1Char('\n'), QLatin1Char('\r'));
-    out += toMacRoman(line);
-    out += '\r';
-}
-
-// A one-line field: a line break in it would shift every line after it, so it
-// is written as a blank.
-void scriviRiga(QByteArray &out, const QString &text)
-{
-    QString line = text;
-    line.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    out += toMacRoman(line);
+    if (piuRighe) {
+        text.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
+        text.replace(QLatin1Char('\n'), QLatin1Char('\r'));
+    } else {
+        text = unaRiga(text);
+    }
+    out += toMacRoman(text);
     out += '\r';
 }
 
@@ -53,9 +47,9 @@ QByteArray scriviParcella(const TestaParcella &testa, const Tabella &dati)
 {
     QByteArray out;
     scriviRiga(out, kIntestazione);
-    scriviTesto(out, testa.editField1);
+    scriviRiga(out, testa.editField1, true);
     scriviRiga(out, kSeparatore);
-    scriviTesto(out, testa.editField2);
+    scriviRiga(out, testa.editField2, true);
     scriviRiga(out, kSeparatore);
     scriviRiga(out, testa.editQuantum);
     // The options: "0", "20" with VAT, "40" with the withholding tax, "60" with both.

@@ -13,7 +13,7 @@ struct Globali {
     bool modificato = false;
     bool consenti = false;
     QString nome_attuale;
-    // The file "Registra" writes to; empty stands for no file (nil).
+    // The file "Registra" writes to; empty when there is none.
     QString file_attuale;
     bool iva = false;
     bool rite = false;

@@ -262,6 +262,14 @@ int toInteger(double number)
     return int(t);
 }
 
+QString unaRiga(QString text)
+{
+    for (QChar &c : text)
+        if (c == QLatin1Char('\r') || c == QLatin1Char('\n'))
+            c = QLatin1Char(' ');
+    return text;
+}
+
 bool Eq(const QString &a, const QString &b) { return QString::compare(a, b, Qt::CaseInsensitive) == 0; }
 
 } // namespace lumetra

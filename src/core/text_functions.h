@@ -42,6 +42,10 @@ int Sign(double number);
 // Double to Integer: the fraction is dropped (37.5 gives 37).
 int toInteger(double number);
 
+// The text with each CR and LF turned into a blank: what a one-line field or
+// a line of a file can hold.
+QString unaRiga(QString text);
+
 // String equality of the program: letter case is ignored.
 bool Eq(const QString &a, const QString &b);
 

@@ -60,7 +60,8 @@ std::optional<RtfColorTable> ReadColorTable(const QByteArray &data, qsizetype &p
 // started.
 void CommitRun(StyledText &text, std::optional<StyleRun> &run, int alignment);
 
-// =$RTFData: replaces the content of text with what the RTF holds.
+// Replaces the content of text with what the RTF holds; the counterpart of
+// RTFData.
 void SetRTFData(StyledText &text, const QByteArray &rtf);
 
 } // namespace lumetra

@@ -1,5 +1,7 @@
 #include "core/ui/edit_field.h"
 
+#include "core/text_functions.h"
+
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextBlock>
@@ -10,14 +12,6 @@ namespace lumetra {
 bool tastoSelezionaTutto(const QKeyEvent *event)
 {
     return event->key() == Qt::Key_A && (event->modifiers() & Qt::ControlModifier);
-}
-
-QString unaRiga(QString text)
-{
-    for (QChar &c : text)
-        if (c == QLatin1Char('\r') || c == QLatin1Char('\n'))
-            c = QLatin1Char(' ');
-    return text;
 }
 
 // Turns a line break the user pastes into a blank, and cuts what the user adds

@@ -19,14 +19,11 @@ namespace lumetra {
 
 using KeyDownHandler = std::function<bool(QKeyEvent *)>;
 
-// The text with each CR and LF turned into a blank.
-QString unaRiga(QString text);
-
 // Whether a key press is the select-all of the fields: the command key (Ctrl;
 // Qt maps the Mac's Cmd to it) with "A", in any letter case.
 bool tastoSelezionaTutto(const QKeyEvent *event);
 
-// A one-line EditField.
+// A one-line text field.
 class EditLine : public QLineEdit {
     Q_OBJECT
 public:
@@ -55,7 +52,7 @@ private:
     qsizetype m_lastLength = 0;
 };
 
-// A multi-line EditField. Its text uses character 13 as line end, as the
+// A multi-line text field. Its text uses character 13 as line end, as the
 // program's documents do.
 class EditText : public QPlainTextEdit {
     Q_OBJECT

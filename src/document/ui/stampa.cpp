@@ -18,7 +18,7 @@ int stampaBozza(const QTextDocument &document, QPrinter &printer)
 {
     // The document shows sizes one point to a pixel, so one layout unit is
     // one point on paper. A line that would cross the end of a block goes to
-    // the next one, as the platform's styled-text printer does.
+    // the next one, so that no line is cut in two.
     std::unique_ptr<QTextDocument> copy(document.clone());
     copy->setDocumentMargin(0);
     copy->setPageSize(QSizeF(kWidth, kBlock));

@@ -1,7 +1,7 @@
 #include "editor/ui/listbox.h"
 
 #include "core/failure.h"
-#include "core/ui/edit_field.h"
+#include "core/text_functions.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>

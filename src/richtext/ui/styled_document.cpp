@@ -25,7 +25,7 @@ QString shownFamily(const QString &name)
     return name.compare(QLatin1String("System"), Qt::CaseInsensitive) == 0 ? QString() : name;
 }
 
-// Sizes are shown one point to a pixel, as on the original screens: only so
+// Sizes are shown one point to a pixel, as the windows are drawn: only so
 // does a 91-column money line at 9 points fit the width of the field, and
 // printing maps a pixel back to a point.
 int shownPixels(float size) { return size > 0 ? std::max(1, int(std::lround(size))) : 0; }

@@ -8,67 +8,35 @@
 using namespace lumetra;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// A program in <root>/bin, its user's data in <root>/utente.
-class Paths : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(root.isValid());
-        QDir(root.path()).mkpath(u"bin"_s);
-        setExecutableFolder(root.filePath(u"bin"_s));
-        setUserDataFolder(root.filePath(u"utente"_s));
-    }
-    void TearDown() override
-    {
-        setExecutableFolder({});
-        setUserDataFolder({});
-    }
-    void put(const QString &relative)
-    {
-        QDir(root.path()).mkpath(QFileInfo(root.filePath(relative)).path());
-        test::writeBytes(root.filePath(relative), "x");
-    }
-    QString at(const QString &found) const
-    {
-        return found.isEmpty() ? u"-"_s : QDir(root.path()).relativeFilePath(found);
-    }
-
-    QTemporaryDir root;
-};
-
-} // namespace
-
-TEST_F(Paths, ShippedDataBesideTheProgramThenInABundleThenInstalled)
+// A program in <root>/bin, its user's data in <root>/utente. Files are added one by one; after each, where the
+// manual, the tariff and utenza.txt are found ("-": nowhere).
+TEST(Paths, ShippedDataAndTheUsersOwnFiles)
 {
-    // Files present, in the order they are added; where the manual is found after each.
+    QTemporaryDir root;
+    setExecutableFolder(root.filePath(u"bin"_s));
+    setUserDataFolder(root.filePath(u"utente"_s));
+    const auto at
+        = [&](const QString &found) { return found.isEmpty() ? u"-"_s : QDir(root.path()).relativeFilePath(found); };
     const std::pair<const char *, const char *> steps[] = {
-        {"", "-"},
-        {"share/lumetra/istruzioni.rtf", "share/lumetra/istruzioni.rtf"},
-        {"Resources/istruzioni.rtf", "Resources/istruzioni.rtf"},
-        {"bin/Resources/istruzioni.rtf", "Resources/istruzioni.rtf"},
-        {"bin/istruzioni.rtf", "bin/istruzioni.rtf"},
+        // utenza.txt is in the user's folder even before it exists.
+        {"", "- - utente/utenza.txt"},
+        {"share/lumetra/istruzioni.rtf", "share/lumetra/istruzioni.rtf - utente/utenza.txt"},
+        {"Resources/istruzioni.rtf", "Resources/istruzioni.rtf - utente/utenza.txt"},
+        {"share/lumetra/tariffe_database.txt",
+         "Resources/istruzioni.rtf share/lumetra/tariffe_database.txt utente/utenza.txt"},
+        // The user's own tariff wins over the shipped one; a portable utenza.txt beside the program is used there.
+        {"utente/tariffe_database.txt", "Resources/istruzioni.rtf utente/tariffe_database.txt utente/utenza.txt"},
+        {"bin/utenza.txt", "Resources/istruzioni.rtf utente/tariffe_database.txt bin/utenza.txt"},
     };
     for (const auto &[file, found] : steps) {
-        if (*file)
-            put(QString::fromUtf8(file));
-        EXPECT_EQ(at(shippedFile(u"istruzioni.rtf"_s)), QString::fromUtf8(found)) << file;
+        if (*file) {
+            QDir(root.path()).mkpath(QFileInfo(root.filePath(QString::fromUtf8(file))).path());
+            test::writeBytes(root.filePath(QString::fromUtf8(file)), "x");
+        }
+        EXPECT_EQ(at(shippedFile(u"istruzioni.rtf"_s)) + u' ' + at(tariffFile()) + u' ' + at(userFile()),
+                  QString::fromUtf8(found))
+            << file;
     }
-}
-
-TEST_F(Paths, TheUsersOwnFiles)
-{
-    // The tariff: the user's own copy wins over the shipped one.
-    EXPECT_EQ(at(tariffFile()), u"-"_s);
-    put(u"share/lumetra/tariffe_database.txt"_s);
-    EXPECT_EQ(at(tariffFile()), u"share/lumetra/tariffe_database.txt"_s);
-    put(u"utente/tariffe_database.txt"_s);
-    EXPECT_EQ(at(tariffFile()), u"utente/tariffe_database.txt"_s);
-
-    // utenza.txt: in the user's folder, even before it exists, unless a
-    // portable copy stands beside the program.
-    EXPECT_EQ(at(userFile()), u"utente/utenza.txt"_s);
-    put(u"bin/utenza.txt"_s);
-    EXPECT_EQ(at(userFile()), u"bin/utenza.txt"_s);
+    setExecutableFolder({});
+    setUserDataFolder({});
 }

@@ -1,6 +1,9 @@
-#include "document/composer.h"
-
 #include "core/bill_file.h"
+#include "core/failure.h"
+#include "document/composer.h"
+#include "document/layout.h"
+#include "document/sections.h"
+#include "richtext/rtf_writer.h"
 #include "support/documents.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +19,13 @@ Documento componi(const Tabella &dati, int elab, bool iva = true, bool rite = tr
     return Crea_testo({dati, q("10000"), utenza, q("Causa"), q("Spett.le"), iva, rite, elab, {2011, 11, 16}});
 }
 
+QString rep(char c, int n) { return QString(n, QLatin1Char(c)); }
+// The last line of spezzatesto at width 50, padded to 55.
+QString padded(const QString &line) { return line + rep(' ', 55 - int(line.size())); }
+
 } // namespace
 
+// Text, style map and the RTF a saved document gets, byte for byte.
 TEST(CreaTesto, GoldenDocumentsByteForByte)
 {
     Tabella dati = caricaTabella(readBytes(goldenPath(q("tariffe_database.txt"))));
@@ -31,21 +39,9 @@ TEST(CreaTesto, GoldenDocumentsByteForByte)
             {dati, t.editQuantum, utenza, t.editField1, t.editField2, t.iva, t.rite, expected.elab, {2011, 11, 16}});
         EXPECT_EQ(doc.testo, expected.text) << name;
         EXPECT_EQ(doc.sty_f, expected.sty_f) << name;
-    }
-}
-
-TEST(CreaTesto, TotalsOfTheWorkedExampleInTheirOrder)
-{
-    const Tabella dati = tabella({{"Spese", "Notifica", "-50", "50", "2"},
-                                  {"Diritti", "Esame", "1", "200"},
-                                  {"Onorari giudiziali", "Studio", "2", "800"},
-                                  {"Acconti", "Acconto già percepito, da detrarre", "-500", "500"}});
-    for (bool iva : {true, false}) {
-        const std::array<double, 16> expected
-            = {1100, 100, 200, 800, 125, 1225, 625, 650, 0, -500, iva ? 886.5 : 750, iva ? 761.5 : 625};
-        const Documento doc = componi(dati, 0, iva);
-        for (size_t i = 0; i < 16; ++i)
-            EXPECT_NEAR(doc.totale[i], expected[i], 1e-9) << "iva " << iva << ", slot " << i;
+        EXPECT_EQ(RTFData(Crea_stile(doc.testo, doc.sty_f, expected.elab, 9, 12)),
+                  readBytes(goldenPath(q(name) + q(".rtf"))))
+            << name;
     }
 }
 
@@ -53,12 +49,6 @@ TEST(CreaTesto, TotalsOfTheWorkedExampleInTheirOrder)
 TEST(CreaTesto, SummaryLinesLettersAndBases)
 {
     const Voce diritti{"Diritti", "Esame", "1", "200"}, spese{"Spese", "Notifica", "1", "100"};
-    // An advance received of amount m, given as "-m".
-    const auto percepito = [](const char *m) {
-        return Voce{"Acconti", "Acconto già percepito, da detrarre", m, m + 1};
-    };
-    const char *const dirittiRimborsoCpa = "(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% "
-                                           "200,00 25,00 €|(C) C.P.A. (4% di A+B) 4,00% 225,00 9,00 €||";
     const struct {
         Tabella dati;
         int elab;
@@ -66,32 +56,16 @@ TEST(CreaTesto, SummaryLinesLettersAndBases)
         QString block5;
     } cases[] = {
         {tabella({}), 0, true, true, q("TOTALE NETTO A PAGARE ,00 €|")},
-        {tabella({spese}), 0, true, true,
-         q("RIEPILOGO :||(A) SPESE: 100,00 €||—|TOTALE LORDO 100,00 €||—|TOTALE NETTO A PAGARE 100,00 €|")},
-        {tabella({diritti}), 1, true, true,
-         q(dirittiRimborsoCpa)
-             + q("(F) I.V.A. (21% di A+B+C) 21,00% 234,00 49,14 €|—|TOTALE LORDO 283,14 €||"
-                 "Ritenuta d'acconto (20% di A+B) 20,00% 225,00 -45,00 €|—|TOTALE NETTO A PAGARE 238,14 €|")},
+        // Without iva the fixed sentence stands where the I.V.A. line would.
         {tabella({diritti}), 1, false, true,
-         q(dirittiRimborsoCpa)
-             + q("(Importo non imponibile ai sensi dell'art.1, c.100 L.244/2007)|—|TOTALE LORDO 234,00 €||"
-                 "Ritenuta d'acconto (20% di A+B) 20,00% 225,00 -45,00 €|—|TOTALE NETTO A PAGARE 189,00 €|")},
+         q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|(C) C.P.A. (4% di "
+           "A+B) 4,00% 225,00 9,00 €||(Importo non imponibile ai sensi dell'art.1, c.100 L.244/2007)|—|TOTALE LORDO "
+           "234,00 €||"
+           "Ritenuta d'acconto (20% di A+B) 20,00% 225,00 -45,00 €|—|TOTALE NETTO A PAGARE 189,00 €|")},
         // An advance received equal to the base: no taxes, nothing withheld.
-        {tabella({diritti, percepito("-225")}), 1, true, true,
+        {tabella({diritti, {"Acconti", "Acconto già percepito, da detrarre", "-225", "225"}}), 1, true, true,
          q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|"
            "(A) Acconto già percepito, da detrarre -225,00 €||TOTALE NETTO A PAGARE ,00 €|")},
-        // Over the base: taxes negative, withholding positive.
-        {tabella({diritti, percepito("-325")}), 1, true, true,
-         q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|(A) Acconto già "
-           "percepito, da detrarre -325,00 €||(C) C.P.A. (4% di A+B-Acc.) 4,00% -100,00 -4,00 €||(F) I.V.A. (21% "
-           "di A+B+C-Acc.) 21,00% -104,00 -21,84 €|—|TOTALE LORDO -125,84 €||Ritenuta d'acconto (20% di A+B-Acc.) "
-           "20,00% -100,00 20,00 €|—|TOTALE NETTO A PAGARE -105,84 €|")},
-        // An advance requested comes first; its bases are A and A+B whatever the lines.
-        {tabella({diritti, {"Acconti", "Acconto da richiedere", "-100", "100"}}), 0, true, false,
-         q("(A) Acconto da richiedere 100,00 €||RIEPILOGO :||(B) DIRITTI: 200,00 €||(C) Rimborso spese forf. "
-           "(12,50% di B) 12,50% 200,00 25,00 €|—|TOTALE (A+B+C) 325,00 €||(D) C.P.A. (4% di A) 4,00% 325,00 13,00 "
-           "€||"
-           "(F) I.V.A. (21% di A+B) 21,00% 338,00 70,98 €|—|TOTALE NETTO A PAGARE 408,98 €|")},
         // Two stamps on a "Fattura": the last composed, outside all bases.
         {tabella({spese, {"Spese", "Marca da bollo", "-1"}, {"Diritti", "Marca da bollo", "-2", "2", "1", "B"}}), 1,
          true, false, q("(A) SPESE: 100,00 €|||B 2,00 €|—|TOTALE NETTO A PAGARE 102,00 €|")},
@@ -99,13 +73,11 @@ TEST(CreaTesto, SummaryLinesLettersAndBases)
     for (const auto &c : cases) {
         const Documento doc = componi(c.dati, c.elab, c.iva, c.rite);
         const auto &row = doc.sty_f[5];
-        EXPECT_EQ(righe(doc.testo.split(CR).mid(row[0], row[1] - row[0] + 1).join(CR)).toStdString(),
-                  c.block5.toStdString());
+        EXPECT_EQ(righe(doc.testo.split(CR).mid(row[0], row[1] - row[0] + 1).join(CR)), c.block5);
     }
     // Without rite an empty bill has an empty summary: its last paragraph is before its first.
     const Documento empty = componi(tabella({}), 0, true, false);
-    EXPECT_EQ(empty.sty_f[5][1], empty.sty_f[5][0] - 1);
-    EXPECT_EQ(empty.totale, (std::array<double, 16>{}));
+    EXPECT_TRUE(empty.sty_f[5][1] == empty.sty_f[5][0] - 1 && empty.totale == (std::array<double, 16>{}));
 }
 
 TEST(CreaTesto, MissingUserDataIsMarked)
@@ -118,6 +90,7 @@ TEST(CreaTesto, MissingUserDataIsMarked)
           "FATTURA N. XX/2009|P.IVA.:|C.Fiscale.:||MANCA OGGETTO!|VALORE DELLA CONTROVERSIA: €|||MANCA UTENTE!|"));
 }
 
+// The place of the date line, scanned out of the town.
 TEST(CreaTesto, PlaceIsScannedOutOfTheTown)
 {
     const char *const cases[][2]
@@ -125,4 +98,80 @@ TEST(CreaTesto, PlaceIsScannedOutOfTheTown)
            {"[Roma]_^`", "[Roma]_^`"},    {"Az{|}~@", "Az"}};
     for (const auto &c : cases)
         EXPECT_EQ(estraiLuogo(q(c[0])), q(c[1])) << c[0];
+}
+
+// An empty summary block changes no run, and the signature's alignment goes to the paragraph after it.
+TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
+{
+    const StyMap sty_f{{{0, 0, 7}, {1, 1, 9}, {2, 2, 14}, {3, 3}, {4, 4}, {5, 4}, {5, 6}}};
+    const StyledText st = Crea_stile(q("S\rP\rT\rO\r \r \rF \r"), sty_f, 0, 9, 12);
+    QString alignments;
+    for (int p = 0; p < st.ParagraphCount(); ++p)
+        alignments += QString::number(st.ParagraphAlignment(p));
+    EXPECT_EQ(alignments, q("1321130"));
+    EXPECT_EQ(st.styleAt(st.Paragraph(5).startPos).size, 12);
+}
+
+// Fee sections 1-3 through Crea_onorari, advance sections -1 (requested) and
+// -2 (received) through Crea_acconto.
+TEST(Sections, CategoriesUnitValuesQuantitiesStampsAndAdvances)
+{
+    const struct {
+        Tabella dati;
+        int section;
+        const char *testo;
+        double totale;
+        const char *marcadabollo = "";
+        double marcaimporto = 0;
+    } cases[] = {
+        // Section 3 gathers three categories, case-blind; a coefficient multiplies the value of the dispute.
+        {tabella({{"Onorari giudiziali", "a", "1", "8"},
+                  {"AMBITO PENALE", "b", "1", "0,01"},
+                  {"Acconti", "Acconto da richiedere", "-9", "9"}}),
+         3, "a 8,00 €|b 100,00 €|—|TOTALE ONORARI: 108,00 €|", 108},
+        {tabella({{"Spese", "a", "-5", "5", "1,0"}, {"Spese", "b", "-5", "5", "0"}, {"Spese", "c", "-5", "5", "due"}}),
+         1, "a 5,00 €|b 0 X 5,00 = ,00 €|c due X 5,00 = ,00 €|—|TOTALE SPESE: 5,00 €|", 5},
+        // The total is the rounded sum of unrounded amounts.
+        {tabella({{"Spese", "a", "-1,004", "1,004"}, {"Spese", "b", "-1,004", "1,004"}}), 1,
+         "a 1,00 €|b 1,00 €|—|TOTALE SPESE: 2,01 €|", 2.008},
+        // The stamp is told by column 3 and shown by column 55; the last one wins.
+        {tabella({{"Diritti", "Marca da bollo", "-1", "9"},
+                  {"Diritti", "MARCA DA BOLLO", "-2", "2", "1", "B"},
+                  {"Diritti", "x", "-3", "3", "1", "Marca da bollo"}}),
+         2, "Marca da bollo 3,00 €|", 3, "B 2,00 €|", 2},
+        // Any own amount denies the letter to an advance received.
+        {tabella({{"Spese", "N", "-5", "5"}, {"Acconti", "Acconto già percepito, da detrarre", "-500", "500"}}), -2,
+         "Acconto già percepito, da detrarre -500,00 €|", -500},
+        {tabella({}), 1, "", 0},
+        {tabella({{"Acconti", "Acconto da richiedere", "-300", "300", "2"}}), -1,
+         "(A) Acconto da richiedere 2 X 300,00 = 600,00 €|", 600},
+    };
+    for (const auto &c : cases) {
+        MarcaDaBollo marca;
+        const Sezione s
+            = c.section > 0 ? Crea_onorari(c.dati, c.section, q("10000"), marca) : Crea_acconto(c.dati, -c.section);
+        EXPECT_EQ(righe(s.testo) + q("/") + righe(marca.marcadabollo), q(c.testo) + q("/") + q(c.marcadabollo));
+        EXPECT_EQ(std::pair(s.totale, marca.marcaimporto), std::pair(c.totale, c.marcaimporto)) << c.testo;
+    }
+}
+
+TEST(Spezzatesto, BreaksOnAFixedGridOfLimits)
+{
+    const std::tuple<const char *, QString, QString> cases[] = {
+        {"empty: 55 blanks", QString(), rep(' ', 55)},
+        {"50 characters with a blank at 30 are cut there", rep('a', 29) + q(" ") + rep('b', 20),
+         q(" ") + rep('a', 29) + q(" ") + CR + padded(q(" ") + rep('b', 20) + q(" "))},
+        {"a word over the limit: a lone blank first, no padding", rep('w', 60),
+         q(" ") + CR + q(" ") + rep('w', 60) + q(" ")},
+        {"\"/\" is no break: the first token holds the limit", rep('a', 45) + q("/") + rep('b', 10),
+         q(" ") + CR + padded(q(" ") + rep('a', 45) + q("/") + rep('b', 10) + q(" "))},
+    };
+    for (const auto &[why, text, expected] : cases)
+        EXPECT_EQ(spezzatesto(text, 50), expected) << why;
+    for (const char *mark : {".", "(", ";", ":"}) // marks a line may end with
+        EXPECT_EQ(spezzatesto(rep('a', 45) + q(mark) + rep('b', 9), 50).indexOf(CR), 47) << mark;
+    EXPECT_EQ(spezzatesto(q("ab cd"), 0), q(" ") + CR + q(" ab cd ")); // ends, as every width must
+    const std::array<QString, 5> letters = {q("A"), QString(), q("B"), q("C"), QString()};
+    EXPECT_EQ(Crea_abcde(letters, 0, 3), q("A+B+C"));
+    EXPECT_THROW(Crea_abcde(letters, 2, 5), UnhandledFailure);
 }

@@ -14,9 +14,6 @@ namespace lumetra::test {
 
 inline const QString CR(QChar(13));
 inline QString q(const char *s) { return QString::fromUtf8(s); }
-inline QString blanks(int n) { return QString(n, QLatin1Char(' ')); }
-// The last line of spezzatesto at width 50, padded to 55.
-inline QString padded(const QString &line) { return line + blanks(55 - int(line.size())); }
 
 struct Voce {
     const char *categoria, *testo, *stato = "0", *valore = "0", *quantita = "1", *nome = "";

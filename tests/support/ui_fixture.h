@@ -5,8 +5,8 @@
 // not expect is closed and reported instead of hanging the run.
 
 #include "core/ui/dialogs.h"
+#include "support/test_files.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -20,9 +20,24 @@ namespace lumetra::test {
 class FakeDialogs : public Dialogs {
 public:
     void messageBox(const QString &text) override { messages << text; }
-    QString openFile(const QString &filter) override;
-    QString saveFile(const QString &filter, const QString &proposedName) override;
-    bool printerDialog(QPrinter &printer) override;
+    QString openFile(const QString &filter) override
+    {
+        filters << filter;
+        return next(openAnswers);
+    }
+    QString saveFile(const QString &filter, const QString &proposedName) override
+    {
+        filters << filter;
+        proposals << proposedName;
+        return next(saveAnswers);
+    }
+    bool printerDialog(QPrinter &printer) override
+    {
+        const bool answer = next(printAnswers);
+        if (answer && configurePrinter)
+            configurePrinter(printer);
+        return answer;
+    }
 
     QStringList messages;
     QStringList filters;
@@ -31,6 +46,16 @@ public:
     std::deque<QString> saveAnswers; // empty text: cancel
     std::deque<bool> printAnswers; // false: cancel
     std::function<void(QPrinter &)> configurePrinter;
+
+private:
+    template <class T>
+    static T next(std::deque<T> &answers)
+    {
+        T answer = answers.empty() ? T{} : answers.front();
+        if (!answers.empty())
+            answers.pop_front();
+        return answer;
+    }
 };
 
 class UiTest : public ::testing::Test {
@@ -40,12 +65,15 @@ protected:
 
     // Path in the program's (temporary) folder, where a portable copy keeps
     // utenza.txt too.
-    QString folderPath(const QString &name) const;
-    void writeFile(const QString &name, const QByteArray &bytes) const;
+    QString folderPath(const QString &name) const { return dir.filePath(name); }
+    void writeFile(const QString &name, const QByteArray &bytes) const { writeBytes(folderPath(name), bytes); }
     // Copies a file of tests/data into the program's folder.
-    void copyData(const QString &relative, const QString &name) const;
+    void copyData(const QString &relative, const QString &name) const
+    {
+        writeFile(name, readBytes(dataPath(relative)));
+    }
     // The next modal window that opens is given to handler instead of failing the test.
-    void onNextModal(std::function<void(QWidget *)> handler);
+    void onNextModal(std::function<void(QWidget *)> handler) { m_modalHandlers.push_back(std::move(handler)); }
     // Lets queued events run.
     static void settle(int ms = 0);
 
@@ -58,8 +86,5 @@ private:
     QTimer m_watchdog;
     std::deque<std::function<void(QWidget *)>> m_modalHandlers;
 };
-
-// A tariff of a few rows in every category, with the special items.
-QByteArray smallTariff();
 
 } // namespace lumetra::test

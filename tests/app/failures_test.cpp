@@ -7,6 +7,7 @@
 
 #include <QClipboard>
 #include <csignal>
+#include <functional>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -48,46 +49,43 @@ protected:
 
 } // namespace
 
-TEST_F(Failures, AFileTooLargeForTheSystemLeavesTheOldOneWhole)
+TEST_F(Failures, ASaveThatFailsIsToldAndLeavesTheOldFileWhole)
 {
-    // The system cuts the write half way, as on a disk that fills up.
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit limit{100, before.rlim_max};
-    const auto signal = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const bool told = registraFallisce("(file troppo grande)");
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, signal);
-    EXPECT_TRUE(told);
-    EXPECT_EQ(readBytes(folderPath(u("Causa.qX9"))), saved);
-}
-
-TEST_F(Failures, AFolderThatCannotBeWrittenLeavesTheOldFileWhole)
-{
-    // Root writes anywhere: the save is made as nobody instead.
-    const bool root = geteuid() == 0;
     const QByteArray folder = dir.path().toLocal8Bit();
-    ASSERT_EQ(root ? seteuid(65534) : chmod(folder.constData(), 0555), 0);
-    const bool told = registraFallisce("(permesso negato)");
-    ASSERT_EQ(root ? seteuid(0) : chmod(folder.constData(), 0700), 0);
-    EXPECT_TRUE(told);
-    EXPECT_EQ(readBytes(folderPath(u("Causa.qX9"))), saved);
-}
-
-TEST_F(Failures, AFolderRemovedBeforeTheSave)
-{
+    const bool root = geteuid() == 0;
     QDir(dir.path()).mkdir(u("sparita"));
-    fake.saveAnswers = {folderPath(u("sparita/Causa.qX9"))};
-    QDir(folderPath(u("sparita"))).removeRecursively();
-    QStringList failures;
-    App::failureSink() = [&](const QString &message) { failures << message; };
-    QMetaObject::invokeMethod(App::instance(), &App::ArchivioRegistracome_Action, Qt::QueuedConnection);
-    settle();
-    ASSERT_EQ(failures.size(), 1);
-    EXPECT_TRUE(failures[0].endsWith(u("(cartella o file inesistente)"))) << failures[0].toStdString();
-    EXPECT_TRUE(globali().modificato);
-    EXPECT_EQ(globali().file_attuale, folderPath(u("Causa.qX9")));
+    const std::tuple<const char *, std::function<int()>, std::function<int()>> cases[] = {
+        // The system cuts the write half way, as on a disk that fills up.
+        {"(file troppo grande)",
+         [&] {
+             const rlimit limit{100, before.rlim_max};
+             std::signal(SIGXFSZ, SIG_IGN);
+             return setrlimit(RLIMIT_FSIZE, &limit);
+         },
+         [&] {
+             std::signal(SIGXFSZ, SIG_DFL);
+             return setrlimit(RLIMIT_FSIZE, &before);
+         }},
+        // A folder that cannot be written: root writes anywhere, so as nobody.
+        {"(permesso negato)", [&] { return root ? seteuid(65534) : chmod(folder.constData(), 0555); },
+         [&] { return root ? seteuid(0) : chmod(folder.constData(), 0700); }},
+        // The folder removed between the choice of the file and the save.
+        {"(cartella o file inesistente)",
+         [&] {
+             globali().file_attuale = folderPath(u("sparita/Causa.qX9"));
+             return QDir(folderPath(u("sparita"))).removeRecursively() ? 0 : 1;
+         },
+         [&] { return 0; }},
+    };
+    for (const auto &[reason, prepare, restore] : cases) {
+        ASSERT_EQ(prepare(), 0) << reason;
+        const bool told = registraFallisce(reason);
+        ASSERT_EQ(restore(), 0) << reason;
+        EXPECT_TRUE(told) << reason;
+        EXPECT_EQ(readBytes(folderPath(u("Causa.qX9"))), saved) << reason;
+    }
 }
 
 TEST_F(Failures, ALineBreakPastedIntoAOneLineFieldOrCellBecomesABlank)
@@ -101,23 +99,15 @@ TEST_F(Failures, ALineBreakPastedIntoAOneLineFieldOrCellBecomesABlank)
     EXPECT_EQ(incolla(EditQuantum), u("12 3 4"));
     EXPECT_EQ(incolla(EditCerca), u("12 3 4"));
     EditCerca->clear(); // the listing back
-    fin_dati_utente &form = fin_dati_utente::instance();
     for (int i = 1; i <= 8; ++i)
-        EXPECT_EQ(incolla(form.EditFute[size_t(i)]), u("12 3 4")) << i;
-    fin_acconto &calcolatore = fin_acconto::instance();
-    calcolatore.show();
-    EXPECT_EQ(incolla(calcolatore.EditQNL[0]), u("12 3 4"));
-    calcolatore.close();
+        EXPECT_EQ(incolla(fin_dati_utente::instance().EditFute[size_t(i)]), u("12 3 4")) << i;
+    EXPECT_EQ(incolla(fin_acconto::instance().EditQNL[0]), u("12 3 4"));
 
     // The cells that take typing: the name and quantity of a bill row, an own amount.
     for (auto [list, column] : {std::pair{Listbox2, 1}, std::pair{Listbox2, 3}, std::pair{Listbox1, 6}}) {
         list->setCellType(0, column, TipoModificabile);
         list->EditCell(0, column);
-        QLineEdit *editor = nullptr;
-        for (QLineEdit *open : list->viewport()->findChildren<QLineEdit *>())
-            if (open->isVisible())
-                editor = open;
-        ASSERT_NE(editor, nullptr) << column;
+        QLineEdit *editor = list->viewport()->findChildren<QLineEdit *>().last();
         incolla(editor);
         QTest::keyClick(editor, Qt::Key_Return);
         settle();

@@ -52,11 +52,11 @@ QByteArray readWholeFile(const QString &path)
 
 void writeWholeFile(const QString &path, const QByteArray &bytes)
 {
+    // What is not committed is thrown away with the object: the old file stays.
     QSaveFile file(path);
     const auto fallita = [&] {
-        const QString why = motivo(file.errorString());
-        file.cancelWriting();
-        return UnhandledFailure(QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), why));
+        return UnhandledFailure(
+            QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
     };
     // Unbuffered, so that each write reaches the system and its failure is seen.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
@@ -69,11 +69,8 @@ void writeWholeFile(const QString &path, const QByteArray &bytes)
             throw fallita();
         written += n;
     }
-    if (!file.flush())
-        throw fallita();
     if (!file.commit())
-        throw UnhandledFailure(
-            QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
+        throw fallita();
 }
 
 } // namespace lumetra

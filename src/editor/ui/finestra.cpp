@@ -363,13 +363,10 @@ void finestra::svuota()
 {
     EditField1->setText(QString());
     EditField2->setText(QString());
-    EditCerca->setText(QString());
     EditQuantum->setText(QString());
-    PopCatA->setCurrentIndex(0);
-    PopCatB->clear();
     PopImport->setCurrentIndex(0);
     checkiva->setChecked(true);
-    mostra_ricerca(EditCerca->Text());
+    azzeraRicerca();
 }
 
 void finestra::mostra_ricerca(const QString &text)

@@ -1,29 +1,39 @@
 #!/usr/bin/env bash
-# Installs what building, running and testing Lumetra need on Debian 12.
-#   --tests    also what the test suite needs
-#   --package  also what building the Debian package needs
+# Installs what building and running Lumetra need on Debian 12, and with
+#   --tests       what the test suite needs
+#   --package     what building the Debian package needs
+#   --regenerate  what regenerating committed files needs: LibreOffice for the
+#                 RTF fixtures (make-rtf-fixtures.sh), an SVG renderer for the
+#                 icons (make-icons.sh)
 set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev libglx-dev libopengl-dev libvulkan-dev
-  libgtest-dev
   fonts-liberation2 qt6-translations-l10n
-  xvfb xauth
 )
-case "${1:-}" in
-  --tests)
-    # Real readers and writers of RTF for the end-to-end checks; the checkers
-    # of the installed desktop entry, MIME type and AppStream metadata.
-    packages+=(libreoffice-writer-nogui poppler-utils
-      desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream xdotool
-      clang-format)
-    ;;
-  --package)
-    # dpkg-shlibdeps works out the package's dependencies.
-    packages+=(dpkg-dev)
-    ;;
-esac
+for option in "$@"; do
+  case "$option" in
+    --tests)
+      # GoogleTest; the formatting check; an X server for the tests of real
+      # windows; the PDF reader of the printing test; the checkers of the
+      # installed desktop entry, MIME type and AppStream metadata.
+      packages+=(libgtest-dev git clang-format xvfb xauth xdotool poppler-utils
+        desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
+      ;;
+    --package)
+      # dpkg-shlibdeps works out the package's dependencies.
+      packages+=(dpkg-dev)
+      ;;
+    --regenerate)
+      packages+=(libreoffice-writer-nogui librsvg2-bin)
+      ;;
+    *)
+      echo "unknown option: $option" >&2
+      exit 2
+      ;;
+  esac
+done
 
 missing=()
 for p in "${packages[@]}"; do

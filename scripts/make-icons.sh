@@ -3,15 +3,11 @@
 # rsvg-convert (librsvg2-bin). Run it after changing the SVG and commit the
 # PNGs: the build itself needs no SVG tool.
 set -euo pipefail
-cd "$(dirname "$0")/../packaging/icons/hicolor"
+cd "$(dirname "$0")/.."
+bash scripts/install-deps.sh --regenerate
+cd packaging/icons/hicolor
 name=it.lumetra.Lumetra
 svg=scalable/apps/$name.svg
-
-if ! command -v rsvg-convert >/dev/null; then
-  echo "rsvg-convert is missing; install it as root with:" >&2
-  echo "  apt-get install -y --no-install-recommends librsvg2-bin" >&2
-  exit 1
-fi
 
 for size in 16 22 24 32 48 64 128 256; do
   mkdir -p "${size}x${size}/apps"

@@ -3,7 +3,9 @@
 # tests/data/rtf/sources, with LibreOffice Writer (libreoffice-writer-nogui).
 # The produced files are committed, so the tests need no LibreOffice.
 set -e
-cd "$(dirname "$0")/../tests/data/rtf"
+cd "$(dirname "$0")/.."
+bash scripts/install-deps.sh --regenerate
+cd tests/data/rtf
 profile=$(mktemp -d)
 trap 'rm -rf "$profile"' EXIT
 convert() {

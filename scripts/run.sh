@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Installs what is needed, builds, and starts Lumetra.
+# Installs what is needed, builds the program alone (no test, benchmark or
+# tool) into build/, and starts it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
-bash scripts/build.sh
+cmake --preset program
+cmake --build --preset program
 exec build/bin/lumetra "$@"

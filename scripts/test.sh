@@ -1,27 +1,22 @@
 #!/usr/bin/env bash
-# Installs what is needed, checks the formatting, builds with warnings as
-# errors, and runs the whole test suite through CTest; builds once more in
-# Release (warnings as errors there too, as the optimiser warns of its own);
-# then runs the suite again under AddressSanitizer and UBSan.
-# --quick skips the Release build and the sanitizer pass.
+# Installs what is needed, checks the formatting, builds the tests and the
+# benchmarks with warnings as errors under AddressSanitizer and UBSan (at -O2,
+# so the optimiser's warnings are seen too) and runs the whole suite through
+# CTest; then builds the Debian package from a clean Release build, warnings as
+# errors. --quick stops after the suite.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bash scripts/install-deps.sh --tests
-export QT_QPA_PLATFORM=offscreen
+bash scripts/install-deps.sh --tests --package
 
 echo "== clang-format"
-git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
+find src tests tools bench fuzz -name '*.cpp' -o -name '*.h' | sort | xargs clang-format --dry-run -Werror
 
-BUILD_DIR=build bash scripts/build.sh -DLUMETRA_WERROR=ON
-ctest --test-dir build --output-on-failure --timeout 300 -j "$(nproc)"
+echo "== Tests, under AddressSanitizer and UBSan"
+cmake --preset check
+cmake --build --preset check
+ctest --preset check -j "$(nproc)"
 
 if [ "${1:-}" != "--quick" ]; then
-  echo "== Release"
-  BUILD_DIR=build-release BUILD_TYPE=Release bash scripts/build.sh -DLUMETRA_WERROR=ON -DLUMETRA_TESTS=OFF
-
-  echo "== AddressSanitizer and UBSan"
-  export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
-  export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-  BUILD_DIR=build-sanitize BUILD_TYPE=Debug bash scripts/build.sh -DLUMETRA_WERROR=ON -DLUMETRA_SANITIZE=ON -DLUMETRA_BENCH=OFF
-  ctest --test-dir build-sanitize --output-on-failure --timeout 600 -j "$(nproc)"
+  echo "== Release: the Debian package"
+  bash scripts/package.sh -DLUMETRA_WERROR=ON
 fi

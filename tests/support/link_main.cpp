@@ -1,0 +1,2 @@
+// The program of a link check: the library linked with it is the test.
+int main() { return 0; }

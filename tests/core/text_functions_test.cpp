@@ -54,6 +54,21 @@ TEST(TextFunctions, CDblFollowsTheConvention)
         {"-1.225,5", -1225.5, -1.225},
         {",5", 0.5, 0},
         {"1e999", inf, inf},
+        // Every group of a grouping counts, with and without cents; the other convention's grouping stops at
+        // its first mark.
+        {"1.500.000", 1500000, 1.5},
+        {"1.500.000,50", 1500000.5, 1.5},
+        {"12.345.678", 12345678, 12.345},
+        {"1.200.000.000", 1200000000, 1.2},
+        {"1,500,000", 1.5, 1500000},
+        {"1,500,000.50", 1.5, 1500000.5},
+        {"12,345,678", 12.345, 12345678},
+        {"1,200,000,000", 1.2, 1200000000},
+        // Near misses: a short or a long group is no grouping, and its first sign is the decimal mark.
+        {"1.500.00", 1.5, 1.5},
+        {"1.5000.000", 1.5, 1.5},
+        {"1,500,00", 1.5, 1.5},
+        {"1,5000,000", 1.5, 1.5},
     }; // text, Italian, point
     inBoth([&](bool italian) {
         for (const auto &[text, it, point] : cases)

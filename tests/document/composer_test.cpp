@@ -48,7 +48,8 @@ TEST(CreaTesto, GoldenDocumentsByteForByte)
 // The summary block: its lines, letters and bases.
 TEST(CreaTesto, SummaryLinesLettersAndBases)
 {
-    const Voce diritti{"Diritti", "Esame", "1", "200"}, spese{"Spese", "Notifica", "1", "100"};
+    const Voce diritti{"Diritti", "Esame", "1", "200"}, spese{"Spese", "Notifica", "1", "100"},
+        acconto{"Acconti", "Acconto da richiedere", "-100,13", "100,13"}, bollo{"Spese", "Marca da bollo", "-2", "2"};
     const struct {
         Tabella dati;
         int elab;
@@ -66,6 +67,17 @@ TEST(CreaTesto, SummaryLinesLettersAndBases)
         {tabella({diritti, {"Acconti", "Acconto già percepito, da detrarre", "-225", "225"}}), 1, true, true,
          q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|"
            "(A) Acconto già percepito, da detrarre -225,00 €||TOTALE NETTO A PAGARE ,00 €|")},
+        // An advance to be requested: the bases are the fixed "A" and "A+B". Each total is the rounded sum of
+        // the unrounded amounts: the lines as printed add up to 128,01 and 107,97 (126,01 and 105,97 without the
+        // stamp, which only a "Fattura" shows and counts).
+        {tabella({acconto, bollo}), 1, true, true,
+         q("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
+           "(F) I.V.A. (21% di A+B) 21,00% 104,14 21,87 €||Marca da bollo 2,00 €|—|TOTALE LORDO 128,00 €||"
+           "Ritenuta d'acconto (20% di A) 20,00% 100,13 -20,03 €|—|TOTALE NETTO A PAGARE 107,98 €|")},
+        {tabella({acconto, bollo}), 0, true, true,
+         q("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
+           "(F) I.V.A. (21% di A+B) 21,00% 104,14 21,87 €|—|TOTALE LORDO 126,00 €||"
+           "Ritenuta d'acconto (20% di A) 20,00% 100,13 -20,03 €|—|TOTALE NETTO A PAGARE 105,98 €|")},
         // Two stamps on a "Fattura": the last composed, outside all bases.
         {tabella({spese, {"Spese", "Marca da bollo", "-1"}, {"Diritti", "Marca da bollo", "-2", "2", "1", "B"}}), 1,
          true, false, q("(A) SPESE: 100,00 €|||B 2,00 €|—|TOTALE NETTO A PAGARE 102,00 €|")},

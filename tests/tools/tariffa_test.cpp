@@ -1,6 +1,7 @@
 // The tariff generator of tools/tariffa, and the tariff the program ships: D.M. 127/2004 in
 // Resources/tariffe_database.txt, generated from tools/tariffa/tariffa_2004.tsv.
 
+#include "core/files.h"
 #include "core/tariff.h"
 #include "core/text_functions.h"
 #include "editor/categories.h"
@@ -84,4 +85,58 @@ TEST(Tariffa2004, ShippedFileIsSoundAndWhatTheGeneratorMakesOfTheTable)
     for (const char *voce :
          {"Spese/Marca da bollo", "Acconti/Acconto da richiedere", "Acconti/Acconto già percepito, da detrarre"})
         EXPECT_EQ(voci.count(q(voce)), 1) << voce;
+}
+
+// Figures of the decree's tables, copied from an independent reading of them and not from
+// tools/tariffa/tariffa_2004.tsv, so that a transcription slip in that table cannot pass by being regenerated.
+// Each is looked up as the bill looks it up: the shipped file through the program's loader, the band by value
+// and mode.
+TEST(Tariffa2004, FiguresOfTheDecree)
+{
+    const char *og = "Onorari giudiziali", *gdp = "Giudici di pace",
+               *trib = "Tribunale, organi equiparati e organi di giustizia tributaria",
+               *cogn = "Processo di cognizione e procedimenti speciali e camerali", *strag = "Ambito stragiudiziale",
+               *cons = "Prestazioni di consulenza", *assist = "Prestazioni di assistenza";
+    const struct {
+        const char *categoria, *sottocategoria, *voce;
+        double valore;
+        int modo;
+        double minimo, massimo;
+    } cases[] = {
+        // Civil cases before the justice of the peace: a low band, its upper edge, and the band past it.
+        {og, gdp, "Per l'intero giudizio", 500, Prestabilito, 55, 190},
+        {og, gdp, "Studio della controversia", 1000, Prestabilito, 55, 145},
+        {og, gdp, "Discussione in pubblica udienza o in camera di consiglio", 2600, Prestabilito, 75, 170},
+        {og, gdp, "Discussione in pubblica udienza o in camera di consiglio", 2601, Prestabilito, 0, 0},
+        // The ordinary court: a middle band, the open last band's coefficients, the two undetermined values.
+        {og, trib, "Studio della controversia", 40000, Prestabilito, 210, 835},
+        {og, trib, "Studio della controversia", 6000000, Prestabilito, 0.000407, 0.000975},
+        {og, trib, "Redazione delle difese (comparse conclusionali e repliche)", 0, Indeterminabile, 410, 2440},
+        {og, trib, "Redazione delle difese (comparse conclusionali e repliche)", 0, Importante, 410, 4880},
+        // Diritti are fixed amounts, also in the open last band.
+        {"Diritti", cogn, "Posizione e archivio", 100, Prestabilito, 23, 23},
+        {"Diritti", cogn, "Per la disamina", 30000, Prestabilito, 19, 19},
+        {"Diritti", cogn, "Posizione e archivio", 6000000, Prestabilito, 220, 220},
+        // Criminal cases: figures that do not depend on the value.
+        {"Ambito penale", "Giudice di pace", "Esame e studio", 10000, Prestabilito, 20, 35},
+        {"Ambito penale", "Magistrature superiori", "Esame e studio", 0, Indeterminabile, 75, 150},
+        // Out of court.
+        {strag, cons, "Pareri che importino informativa e studio particolare - pareri scritti", 20000, Prestabilito,
+         185, 755},
+        {strag, cons, "Pareri che importino informativa e studio particolare - pareri scritti", 6000000, Prestabilito,
+         0.000296, 0.00065},
+        {strag, assist, "Esame e studio della pratica", 1600, Prestabilito, 70, 220},
+    };
+    const Tabella dati
+        = caricaTabella(readWholeFile(QStringLiteral(LUMETRA_SOURCE_DIR "/Resources/tariffe_database.txt")));
+    for (const auto &c : cases) {
+        int r = 0;
+        for (int i = 1; i <= dati.contatore(); ++i)
+            if (dati.at(i, 1) == q(c.categoria) && dati.at(i, 2) == q(c.sottocategoria) && dati.at(i, 3) == q(c.voce))
+                r = i;
+        ASSERT_GT(r, 0) << c.voce;
+        const int col = cerca_scaglione(dati, r, c.valore, c.modo);
+        EXPECT_EQ(std::pair(CDbl(dati.at(r, col + 1)), CDbl(dati.at(r, col + 2))), std::pair(c.minimo, c.massimo))
+            << c.sottocategoria << " / " << c.voce << " at " << c.valore << " mode " << c.modo;
+    }
 }

@@ -23,25 +23,14 @@ bool fuoriParcella(const QString &stato)
 
 } // namespace
 
-VistaParcella vistaParcella(Tabella &dati, const QString &valore, int modo)
+void riprezza(Tabella &dati, const QString &valore, int modo)
 {
-    VistaParcella vista;
     const double q = Val(valore);
-    const double valoreImporti = CDbl(valore);
     for (int r = 1; r <= dati.contatore(); ++r) {
         if (fuoriParcella(dati.at(r, kColStato)))
             continue;
         const double m = CDbl(dati.at(r, kColStato));
-        RigaParcella row;
-        row[ParRif] = cella(Str(r), TipoTesto, AllineaCentro);
-        const QString &nome = dati.at(r, kColNome);
-        row[ParVoce] = cella(nome.isEmpty() ? dati.at(r, kColVoce) : nome, TipoModificabile, AllineaPredefinito);
-
         const int c = cerca_scaglione(dati, r, q, modo);
-        row[ParQuantita] = cella(dati.at(r, kColQuantita), TipoModificabile, AllineaCentro);
-        row[ParQuantita].grassetto = true;
-        row[ParQuantita].corsivo = true;
-
         QString &unitario = dati.at(r, kColValore);
         if (m < 0)
             unitario = CStr(-m);
@@ -51,7 +40,25 @@ VistaParcella vistaParcella(Tabella &dati, const QString &valore, int modo)
             unitario = dati.at(r, c + 2);
         else if (m == 3)
             unitario = CStr(mediaFascia(CDbl(dati.at(r, c + 1)), CDbl(dati.at(r, c + 2))));
+    }
+}
 
+VistaParcella vistaParcella(const Tabella &dati, const QString &valore)
+{
+    VistaParcella vista;
+    const double valoreImporti = CDbl(valore);
+    for (int r = 1; r <= dati.contatore(); ++r) {
+        if (fuoriParcella(dati.at(r, kColStato)))
+            continue;
+        RigaParcella row;
+        row[ParRif] = cella(Str(r), TipoTesto, AllineaCentro);
+        const QString &nome = dati.at(r, kColNome);
+        row[ParVoce] = cella(nome.isEmpty() ? dati.at(r, kColVoce) : nome, TipoModificabile, AllineaPredefinito);
+        row[ParQuantita] = cella(dati.at(r, kColQuantita), TipoModificabile, AllineaCentro);
+        row[ParQuantita].grassetto = true;
+        row[ParQuantita].corsivo = true;
+
+        const QString &unitario = dati.at(r, kColValore);
         const double u = CDbl(unitario);
         double a = importoUnitario(u, valoreImporti);
         row[ParCoefficiente] = cella(eCoefficiente(u) ? unitario : QStringLiteral("1"), TipoTesto, AllineaCentro);

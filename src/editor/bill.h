@@ -17,9 +17,16 @@ struct VistaParcella {
     double totale = 0;
 };
 
-// The bill list. valore is EditQuantum's text, modo PopImport's index.
-// Rewrites column 53 of every row on the bill from its selection state.
-VistaParcella vistaParcella(Tabella &dati, const QString &valore, int modo);
+// Repricing: column 53 of every row on the bill, from its selection state, in
+// the band of the value of the dispute. "Min", "Max" and "Med" follow the band;
+// an own amount stays; a state of any other number leaves column 53 alone.
+// valore is EditQuantum's text, modo PopImport's index. Every rebuild of the
+// bill list runs it first.
+void riprezza(Tabella &dati, const QString &valore, int modo);
+
+// The bill list, from the unit values the last repricing wrote; valore, read
+// with CDbl, multiplies the coefficients.
+VistaParcella vistaParcella(const Tabella &dati, const QString &valore);
 
 // The pick: the box of Listbox1 ticked after the toggle (RicMin, RicMax,
 // RicMed, RicPers, or -1 for none) and that cell's text become columns 0 and

@@ -32,7 +32,7 @@ Cella casellaFascia(const QString &t, int segno)
     return c;
 }
 
-RigaRicerca riga(Tabella &dati, int r, double q, int modo)
+RigaRicerca riga(const Tabella &dati, int r, double q, int modo)
 {
     const int c = cerca_scaglione(dati, r, q, modo);
     const double limite = CDbl(dati.at(r, c));
@@ -60,8 +60,7 @@ RigaRicerca riga(Tabella &dati, int r, double q, int modo)
     pers.grassetto = true;
     pers.corsivo = true;
 
-    // The tick comes back from the selection state; column 53 follows the
-    // ticked cell until the bill view rewrites it from the band.
+    // The tick comes back from the selection state.
     const double s = CDbl(dati.at(r, kColStato));
     int spuntata = -1;
     if (s < 0) {
@@ -74,10 +73,8 @@ RigaRicerca riga(Tabella &dati, int r, double q, int modo)
     } else if (s == 3) {
         spuntata = RicMed;
     }
-    if (spuntata >= 0) {
+    if (spuntata >= 0)
         row[size_t(spuntata)].spunta = true;
-        dati.at(r, kColValore) = row[size_t(spuntata)].testo;
-    }
     return row;
 }
 
@@ -93,7 +90,7 @@ bool passaFiltro(const Tabella &dati, int r, const FiltroRicerca &filtro)
     return filtro.cerca.isEmpty() || dati.at(r, kColVoce).contains(filtro.cerca, Qt::CaseInsensitive);
 }
 
-std::vector<RigaRicerca> righeRicerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo)
+std::vector<RigaRicerca> righeRicerca(const Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo)
 {
     const double q = Val(valore);
     std::vector<RigaRicerca> righe;

@@ -20,7 +20,8 @@ struct FiltroRicerca {
 bool passaFiltro(const Tabella &dati, int r, const FiltroRicerca &filtro);
 
 // The rows of the listing. valore is EditQuantum's text, modo PopImport's
-// index. Writes column 53 of every listed row that is ticked.
-std::vector<RigaRicerca> righeRicerca(Tabella &dati, const FiltroRicerca &filtro, const QString &valore, int modo);
+// index.
+std::vector<RigaRicerca> righeRicerca(const Tabella &dati, const FiltroRicerca &filtro, const QString &valore,
+                                      int modo);
 
 } // namespace lumetra

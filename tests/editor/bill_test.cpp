@@ -6,24 +6,36 @@
 using namespace lumetra;
 using namespace lumetra::test;
 
+namespace {
+
+// A rebuild of the bill list, as the window makes it.
+VistaParcella ricostruita(Tabella &dati, const char *valore, int modo)
+{
+    riprezza(dati, u(valore), modo);
+    return vistaParcella(dati, u(valore));
+}
+
+} // namespace
+
 TEST(BillView, NamesAndTheTotalRow)
 {
     Tabella dati = tariffaPiccola();
-    EXPECT_EQ(vistaParcella(dati, u("3000"), Prestabilito).righe.at(1)[ParTotale].testo, u("0"));
+    EXPECT_EQ(ricostruita(dati, "3000", Prestabilito).righe.at(1)[ParTotale].testo, u("0"));
     dati.at(kEsameStudio, kColStato) = u("2");
     dati.at(kNotifica, kColStato) = u("-20");
     dati.at(kNotifica, kColNome) = u("Notifiche a mezzo posta");
-    const VistaParcella v = vistaParcella(dati, u("3000"), Prestabilito);
+    const VistaParcella v = ricostruita(dati, "3000", Prestabilito);
     ASSERT_EQ(v.righe.size(), 4u);
     EXPECT_EQ(v.righe[0][ParVoce].testo + u("|") + v.righe[1][ParVoce].testo, // never with " (*)"
               u("Notifiche a mezzo posta|Esame e studio della pratica"));
     EXPECT_EQ(v.righe[3][ParTotale], (Cella{u("320"), TipoTesto, AllineaDestra, false, true}));
 }
 
-TEST(BillView, UnitValuesAndTheValueOfTheDispute)
+TEST(BillView, RepricingAndTheValueOfTheDispute)
 {
-    // row, state, quantity, value, mode, shown (coefficient|amount|total), column 53 after. The band search reads
-    // the value with Val, the amounts with CDbl; a point typed for the cents is the decimal mark to both.
+    // row, state, quantity, value, mode, shown (coefficient|amount|total), column 53 after (it was 7). The band
+    // search reads the value with Val, the amounts with CDbl; a point typed for the cents is the decimal mark to
+    // both.
     const std::tuple<int, const char *, const char *, const char *, int, const char *, const char *> cases[] = {
         {kEsameDocumenti, "2", "1", "8000", Prestabilito, "0,02|160|160", "0,02"}, // max past the limit
         {kEsameDocumenti, "-1", "1", "8000", Prestabilito, "1|8000|8000", "1"}, // own 1 is a coefficient
@@ -33,18 +45,24 @@ TEST(BillView, UnitValuesAndTheValueOfTheDispute)
         {kAccontoPercepito, "-500", "2", "3000", Prestabilito, "1|-500|-1000", "500"}, // advance received
         {kEsameDocumenti, "2", "1", "12000.50", Prestabilito, "0,02|240,01|240,01", "0,02"},
         {kEsameDocumenti, "-1.5", "1", "3000", Prestabilito, "1|1,5|1,5", "1,5"}, // euro, no coefficient
+        {kEsameStudio, "3", "1", "10001", Prestabilito, "0,025|250,025|250,025", "0,025"}, // med of the open band
+        {kEsameStudio, "1", "1", "Indeterminabil", Indeterminabile, "1|150|150", "150"},
+        {kEsameDocumenti, "4", "2", "3000", Prestabilito, "1|7|14", "7"}, // no pick of the listing: left alone
     };
     for (const auto &[row, stato, quantita, valore, modo, shown, col53] : cases) {
         Tabella dati = tariffaPiccola();
         dati.at(row, kColStato) = u(stato);
         dati.at(row, kColQuantita) = u(quantita);
-        const VistaParcella v = vistaParcella(dati, u(valore), modo);
+        dati.at(row, kColValore) = u("7");
+        dati.at(kStudioTribunale, kColValore) = u("7"); // off the bill: never repriced
+        const VistaParcella v = ricostruita(dati, valore, modo);
         ASSERT_EQ(v.righe.size(), 3u) << stato;
         const auto &r = v.righe[0];
         EXPECT_EQ(r[ParCoefficiente].testo + u("|") + r[ParImporto].testo + u("|") + r[ParTotale].testo, u(shown))
             << stato << " " << valore;
-        EXPECT_EQ(v.righe[2][ParTotale].testo + u("|") + dati.at(row, kColValore),
-                  r[ParTotale].testo + u("|") + u(col53));
+        EXPECT_EQ(v.righe[2][ParTotale].testo + u("|") + dati.at(row, kColValore)
+                      + dati.at(kStudioTribunale, kColValore),
+                  r[ParTotale].testo + u("|") + u(col53) + u("7"));
     }
 }
 

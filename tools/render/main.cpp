@@ -151,8 +151,9 @@ int run(const Options &o)
         throw ReadError{QStringLiteral("%1 ends inside a section").arg(o.bill)};
     const QString editQuantum = filtraValore(lettura.testa.editQuantum).value_or(lettura.testa.editQuantum);
 
-    // mostra_notaspese, as every rebuild of the lists ends: it reprices column 53.
-    const VistaParcella vista = vistaParcella(dati, editQuantum, o.mode);
+    // As every rebuild of the lists ends: the bill repriced, then its list.
+    riprezza(dati, editQuantum, o.mode);
+    const VistaParcella vista = vistaParcella(dati, editQuantum);
 
     const auto documento = [&] {
         return Crea_testo({.dati = dati,

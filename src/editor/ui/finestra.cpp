@@ -382,7 +382,8 @@ void finestra::mostra_notaspese()
 {
     auto &g = globali();
     g.totale[0] = 0;
-    const VistaParcella vista = vistaParcella(g.dati, EditQuantum->Text(), PopImport->currentIndex());
+    riprezza(g.dati, EditQuantum->Text(), PopImport->currentIndex());
+    const VistaParcella vista = vistaParcella(g.dati, EditQuantum->Text());
     g.totale[0] = vista.totale;
     Listbox2->riempi(vista.righe);
 }

@@ -1,5 +1,7 @@
 #include "app/document_handover.h"
 
+#include "core/log.h"
+
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDir>
@@ -59,8 +61,11 @@ DocumentHandover::Esito DocumentHandover::consegna(const QStringList &documents,
 {
     QLocalSocket socket;
     socket.connectToServer(m_name);
-    if (!socket.waitForConnected(500))
+    if (!socket.waitForConnected(500)) {
+        qCDebug(logHandover).noquote() << "no program answers on" << m_name;
         return Esito::NessunProgramma;
+    }
+    qCDebug(logHandover).noquote() << "handing" << documents.size() << "documents to the program on" << m_name;
     QByteArray message;
     for (const QString &document : documents)
         message += kApri + document.toUtf8() + '\n';
@@ -93,6 +98,7 @@ bool DocumentHandover::listen()
                         const QByteArray line = socket->readLine().chopped(1);
                         if (line.startsWith(kApri)) {
                             *documenti << QString::fromUtf8(line.mid(kApri.size()));
+                            qCDebug(logHandover).noquote() << "received" << documenti->back();
                         } else if (line == kAttiva) {
                             *attiva = true;
                         } else if (line == kFine) {
@@ -112,11 +118,18 @@ bool DocumentHandover::listen()
     // file of that name, a live program's included: so ask first.
     QLocalSocket probe;
     probe.connectToServer(m_name);
-    if (probe.waitForConnected(500))
+    if (probe.waitForConnected(500)) {
+        qCDebug(logHandover).noquote() << "a live program holds" << m_name;
         return false; // its owner is alive
+    }
     // Nothing there, or a socket left by a program that did not end cleanly.
     QLocalServer::removeServer(m_name);
-    return m_server->listen(m_name);
+    const bool listening = m_server->listen(m_name);
+    if (listening)
+        qCDebug(logHandover).noquote() << "listening on" << m_name;
+    else
+        qCDebug(logHandover).noquote() << "cannot listen on" << m_name << m_server->errorString();
+    return listening;
 }
 
 void DocumentHandover::deliver(const QString &document)

@@ -1,6 +1,7 @@
 #include "core/files.h"
 
 #include "core/failure.h"
+#include "core/log.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,10 +45,14 @@ QString nome(const QString &path) { return QDir::toNativeSeparators(path); }
 QByteArray readWholeFile(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCDebug(logFiles).noquote() << "read" << nome(path) << "failed:" << file.errorString();
         throw UnhandledFailure(
             QStringLiteral("impossibile aprire il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
-    return file.readAll();
+    }
+    const QByteArray bytes = file.readAll();
+    qCDebug(logFiles).noquote() << "read" << nome(path) << bytes.size() << "bytes";
+    return bytes;
 }
 
 void writeWholeFile(const QString &path, const QByteArray &bytes)
@@ -55,6 +60,7 @@ void writeWholeFile(const QString &path, const QByteArray &bytes)
     // What is not committed is thrown away with the object: the old file stays.
     QSaveFile file(path);
     const auto fallita = [&] {
+        qCDebug(logFiles).noquote() << "write" << nome(path) << bytes.size() << "bytes failed:" << file.errorString();
         return UnhandledFailure(
             QStringLiteral("impossibile registrare il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
     };
@@ -71,6 +77,7 @@ void writeWholeFile(const QString &path, const QByteArray &bytes)
     }
     if (!file.commit())
         throw fallita();
+    qCDebug(logFiles).noquote() << "write" << nome(path) << bytes.size() << "bytes done";
 }
 
 } // namespace lumetra

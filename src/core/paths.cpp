@@ -1,5 +1,7 @@
 #include "core/paths.h"
 
+#include "core/log.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -42,13 +44,22 @@ QString shippedFile(const QString &name)
         if (QFileInfo(path).isFile())
             return path;
     }
+    qCDebug(logFiles).noquote() << name << "not found beside" << QDir::toNativeSeparators(here.path())
+                                << "nor in ../Resources/ or ../share/lumetra/";
     return {};
 }
 
 QString tariffFile()
 {
     const QString own = QDir(userDataFolder()).filePath(kTariffa);
-    return QFileInfo(own).isFile() ? own : shippedFile(kTariffa);
+    if (QFileInfo(own).isFile()) {
+        qCDebug(logFiles).noquote() << "tariff:" << QDir::toNativeSeparators(own) << "(the user's own)";
+        return own;
+    }
+    const QString shipped = shippedFile(kTariffa);
+    if (!shipped.isEmpty())
+        qCDebug(logFiles).noquote() << "tariff:" << QDir::toNativeSeparators(shipped) << "(shipped)";
+    return shipped;
 }
 
 QString userFile()

@@ -3,6 +3,7 @@
 #include "core/encodings.h"
 #include "core/failure.h"
 #include "core/files.h"
+#include "core/log.h"
 #include "core/paths.h"
 
 #include <QDir>
@@ -34,7 +35,16 @@ QByteArray scriviUtenza(const Utenza &utenza)
     return out;
 }
 
-bool esisteUtenza() { return QFileInfo::exists(userFile()); }
+bool esisteUtenza()
+{
+    const QString path = userFile();
+    const bool esiste = QFileInfo::exists(path);
+    const bool portatile = path == QDir(executableFolder()).filePath(QStringLiteral("utenza.txt"));
+    qCDebug(logFiles).noquote() << "user data:" << QDir::toNativeSeparators(path)
+                                << (portatile ? "(portable copy beside the program)" : "(per-user folder)")
+                                << (esiste ? "found" : "not written yet");
+    return esiste;
+}
 
 Utenza caricaUtenza() { return leggiUtenza(readWholeFile(userFile())); }
 

@@ -1,7 +1,9 @@
 #include "help/istruzioni.h"
 
+#include "core/log.h"
 #include "core/paths.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace lumetra {
@@ -20,10 +22,17 @@ QByteArray istruzioni()
     // Set before the file is looked at: a failed read is not tried again.
     s.loaded = true;
 
-    QFile file(shippedFile(QStringLiteral("istruzioni.rtf")));
-    if (!file.open(QIODevice::ReadOnly))
+    const QString path = shippedFile(QStringLiteral("istruzioni.rtf"));
+    if (path.isEmpty())
         return s.permaText;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCDebug(logFiles).noquote() << "manual:" << QDir::toNativeSeparators(path)
+                                    << "unreadable:" << file.errorString();
+        return s.permaText;
+    }
     s.permaText = file.readAll();
+    qCDebug(logFiles).noquote() << "manual:" << QDir::toNativeSeparators(path) << s.permaText.size() << "bytes";
     return s.permaText;
 }
 

@@ -45,6 +45,15 @@ TEST(Render, TheWorkedExampleComesOutByteForByte)
     }
 }
 
+// The bill is repriced in the band of the kind of value: "Min" and "Max" follow it, own amounts stay.
+TEST(Render, TheBillIsRepricedForTheKindOfValue)
+{
+    for (const auto &[mode, total] : {std::pair{"0", "601,81"}, {"1", "751,81"}, {"2", "1901,81"}}) {
+        const Result r = render(exampleBill(u"bill"_s) + QStringList{u"--mode"_s, QString::fromLatin1(mode)});
+        EXPECT_TRUE(r.out.endsWith(QByteArray("TOTALE:\t") + total + '\n')) << mode << r.out.constData();
+    }
+}
+
 // A wrong flag ends with status 2; a failure, or a bill that is no regular file (a FIFO would block the run,
 // /dev/zero would fill the memory), with status 1.
 TEST(Render, ExitStatuses)

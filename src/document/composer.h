@@ -31,7 +31,7 @@
 namespace lumetra {
 
 // Everything the document is made of. Column 53 of the bill rows must stand as
-// the last rebuild of the bill list left it.
+// the last repricing (riprezza) left it.
 struct DatiDocumento {
     const Tabella &dati;
     QString editQuantum; // value of the dispute, as the user sees it

@@ -12,6 +12,7 @@
 #include "core/ui/dialogs.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
+#include "core/ui/handler_guard.h"
 #include "core/user_data.h"
 #include "document/ui/fin_elaborazione.h"
 #include "editor/ui/finestra.h"
@@ -47,6 +48,8 @@ App::App(int &argc, char **argv) : QApplication(argc, argv)
     setWindowIcon(icona);
     setQuitOnLastWindowClosed(false);
     loadTranslations();
+    // The windows hand the failures of their handlers to the one handler.
+    failureHandler() = &App::reportFailure;
 }
 
 App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); }
@@ -86,12 +89,11 @@ void App::reportFailure(const QString &reason)
 
 bool App::notify(QObject *receiver, QEvent *event)
 {
+    // The last net: the handlers stop their own failures at their boundary.
     try {
         return QApplication::notify(receiver, event);
-    } catch (const std::exception &e) {
-        reportFailure(QString::fromStdString(e.what()));
     } catch (...) {
-        reportFailure(QStringLiteral("eccezione sconosciuta"));
+        reportFailure(failureReason(std::current_exception()));
     }
     return false;
 }
@@ -99,7 +101,8 @@ bool App::notify(QObject *receiver, QEvent *event)
 bool App::event(QEvent *event)
 {
     if (event->type() == QEvent::FileOpen) {
-        Event_OpenDocument(static_cast<QFileOpenEvent *>(event)->file());
+        const QString file = static_cast<QFileOpenEvent *>(event)->file();
+        runGuarded([&] { Event_OpenDocument(file); });
         return true;
     }
     return QApplication::event(event);
@@ -245,7 +248,7 @@ void App::AiutoInfo_Action() { finestrainfo::instance().show(); }
 void App::AiutoMostraaiuto_Action()
 {
     fin_aiuto &aiuto = fin_aiuto::instance();
-    connect(&aiuto, &fin_aiuto::chiusa, this, [this] {
+    connectHandler(&aiuto, &fin_aiuto::chiusa, this, [this] {
         finestra &w = mainWindow();
         w.show();
         w.raise();
@@ -284,7 +287,7 @@ void App::AprifileqXR9(const QString &path)
 void App::showUserDataForm(bool modal)
 {
     fin_dati_utente &form = fin_dati_utente::instance();
-    connect(&form, &fin_dati_utente::registrato, this, [this] {
+    connectHandler(&form, &fin_dati_utente::registrato, this, [this] {
         // On a first run this is where the main window comes into being.
         finestra &w = mainWindow();
         w.setWindowTitle(QStringLiteral("Lumetra"));

@@ -1,6 +1,7 @@
 #include "app/menubar.h"
 
 #include "app/app.h"
+#include "core/ui/handler_guard.h"
 
 #include <QAction>
 #include <QApplication>
@@ -49,7 +50,7 @@ MenuBar1::MenuBar1(QWidget *parent) : QMenuBar(parent)
     Untitled1();
     Untitled2();
     for (QMenu *menu : {MenuFile, MenuModifica, AiutoMenu})
-        connect(menu, &QMenu::aboutToShow, this, [] {
+        connectHandler(menu, &QMenu::aboutToShow, this, [] {
             if (App *app = App::instance())
                 app->Event_EnableMenuItems();
         });
@@ -60,39 +61,43 @@ void MenuBar1::Untitled0()
     MenuFile = addMenu(QStringLiteral("Archivio"));
     MenuFile->setObjectName(QStringLiteral("MenuFile"));
     App *app = App::instance();
-    connect(addItem(MenuFile, "ArchivioNuovo", QStringLiteral("Nuovo"), QKeySequence(QStringLiteral("Ctrl+N"))),
-            &QAction::triggered, app, &App::ArchivioNuovo_Action);
-    connect(addItem(MenuFile, "ArchivioApri", QStringLiteral("Apri.."), QKeySequence(QStringLiteral("Ctrl+O"))),
-            &QAction::triggered, app, &App::ArchivioApri_Action);
+    connectHandler(addItem(MenuFile, "ArchivioNuovo", QStringLiteral("Nuovo"), QKeySequence(QStringLiteral("Ctrl+N"))),
+                   &QAction::triggered, app, &App::ArchivioNuovo_Action);
+    connectHandler(addItem(MenuFile, "ArchivioApri", QStringLiteral("Apri.."), QKeySequence(QStringLiteral("Ctrl+O"))),
+                   &QAction::triggered, app, &App::ArchivioApri_Action);
     addNamedSeparator(MenuFile, "UntitledSeparator");
-    connect(addItem(MenuFile, "ArchivioRegistra", QStringLiteral("Registra"), QKeySequence(QStringLiteral("Ctrl+S"))),
-            &QAction::triggered, app, &App::ArchivioRegistra_Action);
-    connect(addItem(MenuFile, "ArchivioRegistracome", QStringLiteral("Registra come..")), &QAction::triggered, app,
-            &App::ArchivioRegistracome_Action);
+    connectHandler(
+        addItem(MenuFile, "ArchivioRegistra", QStringLiteral("Registra"), QKeySequence(QStringLiteral("Ctrl+S"))),
+        &QAction::triggered, app, &App::ArchivioRegistra_Action);
+    connectHandler(addItem(MenuFile, "ArchivioRegistracome", QStringLiteral("Registra come..")), &QAction::triggered,
+                   app, &App::ArchivioRegistracome_Action);
     addNamedSeparator(MenuFile, "UntitledSeparator1");
-    connect(addItem(MenuFile, "ArchivioDatiUtente", QStringLiteral("Dati Utente.."),
-                    QKeySequence(QStringLiteral("Ctrl+U"))),
-            &QAction::triggered, app, &App::ArchivioDatiUtente_Action);
-    connect(addItem(MenuFile, "FileQuit", QStringLiteral("Esci"), QKeySequence(QStringLiteral("Ctrl+Q")),
-                    QAction::QuitRole),
-            &QAction::triggered, app, &App::FileQuit_Action);
+    connectHandler(addItem(MenuFile, "ArchivioDatiUtente", QStringLiteral("Dati Utente.."),
+                           QKeySequence(QStringLiteral("Ctrl+U"))),
+                   &QAction::triggered, app, &App::ArchivioDatiUtente_Action);
+    connectHandler(addItem(MenuFile, "FileQuit", QStringLiteral("Esci"), QKeySequence(QStringLiteral("Ctrl+Q")),
+                           QAction::QuitRole),
+                   &QAction::triggered, app, &App::FileQuit_Action);
 }
 
 void MenuBar1::Untitled1()
 {
     MenuModifica = addMenu(QStringLiteral("Modifica"));
     MenuModifica->setObjectName(QStringLiteral("MenuModifica"));
-    connect(addItem(MenuModifica, "ModificaAnnulla", QStringLiteral("Annulla"), QKeySequence(QStringLiteral("Ctrl+Z"))),
-            &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->undo(); }, [](auto *f) { f->undo(); }); });
+    connectHandler(
+        addItem(MenuModifica, "ModificaAnnulla", QStringLiteral("Annulla"), QKeySequence(QStringLiteral("Ctrl+Z"))),
+        &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->undo(); }, [](auto *f) { f->undo(); }); });
     addNamedSeparator(MenuModifica, "UntitledMenu1");
-    connect(addItem(MenuModifica, "ModificaTaglia", QStringLiteral("Taglia"), QKeySequence(QStringLiteral("Ctrl+X"))),
-            &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->cut(); }, [](auto *f) { f->cut(); }); });
-    connect(addItem(MenuModifica, "ModificaCopia", QStringLiteral("Copia"), QKeySequence(QStringLiteral("Ctrl+C"))),
-            &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->copy(); }, [](auto *f) { f->copy(); }); });
-    connect(addItem(MenuModifica, "ModificaIncolla", QStringLiteral("Incolla"), QKeySequence(QStringLiteral("Ctrl+V"))),
-            &QAction::triggered, this,
-            [] { onFocusedField([](auto *f) { f->paste(); }, [](auto *f) { f->paste(); }); });
-    connect(addItem(MenuModifica, "ModificaCancella", QStringLiteral("Elimina")), &QAction::triggered, this, [] {
+    connectHandler(
+        addItem(MenuModifica, "ModificaTaglia", QStringLiteral("Taglia"), QKeySequence(QStringLiteral("Ctrl+X"))),
+        &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->cut(); }, [](auto *f) { f->cut(); }); });
+    connectHandler(
+        addItem(MenuModifica, "ModificaCopia", QStringLiteral("Copia"), QKeySequence(QStringLiteral("Ctrl+C"))),
+        &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->copy(); }, [](auto *f) { f->copy(); }); });
+    connectHandler(
+        addItem(MenuModifica, "ModificaIncolla", QStringLiteral("Incolla"), QKeySequence(QStringLiteral("Ctrl+V"))),
+        &QAction::triggered, this, [] { onFocusedField([](auto *f) { f->paste(); }, [](auto *f) { f->paste(); }); });
+    connectHandler(addItem(MenuModifica, "ModificaCancella", QStringLiteral("Elimina")), &QAction::triggered, this, [] {
         onFocusedField(
             [](QLineEdit *f) {
                 if (f->hasSelectedText())
@@ -101,10 +106,10 @@ void MenuBar1::Untitled1()
             [](auto *f) { f->textCursor().removeSelectedText(); });
     });
     addNamedSeparator(MenuModifica, "UntitledMenu0");
-    connect(addItem(MenuModifica, "ModificaSelezionaTutto", QStringLiteral("Seleziona tutto"),
-                    QKeySequence(QStringLiteral("Ctrl+A"))),
-            &QAction::triggered, this,
-            [] { onFocusedField([](auto *f) { f->selectAll(); }, [](auto *f) { f->selectAll(); }); });
+    connectHandler(addItem(MenuModifica, "ModificaSelezionaTutto", QStringLiteral("Seleziona tutto"),
+                           QKeySequence(QStringLiteral("Ctrl+A"))),
+                   &QAction::triggered, this,
+                   [] { onFocusedField([](auto *f) { f->selectAll(); }, [](auto *f) { f->selectAll(); }); });
 }
 
 void MenuBar1::Untitled2()
@@ -112,11 +117,11 @@ void MenuBar1::Untitled2()
     AiutoMenu = addMenu(QStringLiteral("Aiuto"));
     AiutoMenu->setObjectName(QStringLiteral("AiutoMenu"));
     App *app = App::instance();
-    connect(
+    connectHandler(
         addItem(AiutoMenu, "AiutoMostraaiuto", QStringLiteral("Mostra aiuto"), QKeySequence(QStringLiteral("Ctrl+?"))),
         &QAction::triggered, app, &App::AiutoMostraaiuto_Action);
-    connect(addItem(AiutoMenu, "AiutoInfo", QStringLiteral("Info.."), {}, QAction::AboutRole), &QAction::triggered, app,
-            &App::AiutoInfo_Action);
+    connectHandler(addItem(AiutoMenu, "AiutoInfo", QStringLiteral("Info.."), {}, QAction::AboutRole),
+                   &QAction::triggered, app, &App::AiutoInfo_Action);
 }
 
 QAction *MenuBar1::item(const QString &name) const { return findChild<QAction *>(name); }

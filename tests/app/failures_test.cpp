@@ -1,7 +1,11 @@
 // The user's work is never lost: saves that fail leave the old file and the
-// bill as they were, and no field can break the lines of a saved file.
+// bill as they were, no field can break the lines of a saved file, and a
+// failure inside a handler is told once and leaves the window as it was.
 
 #include "advance/ui/fin_acconto.h"
+#include "app/menubar.h"
+#include "core/bill_file.h"
+#include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
 #include "editor/ui/finestra_fixture.h"
 
@@ -124,4 +128,62 @@ TEST_F(Failures, TheUserDataFormIsModalFromTheMenuToo)
     ASSERT_TRUE(fin_dati_utente::exists());
     EXPECT_EQ(QApplication::activeModalWidget(), fin_dati_utente::existing());
     delete fin_dati_utente::existing();
+}
+
+namespace {
+
+// An own tariff, which users may put in their data folder, with one more item whose bands end at 100: a value
+// above that reads past column 55, and fails wherever the item is listed or priced.
+class HandlerFailures : public FinestraTest {
+protected:
+    void SetUp() override
+    {
+        FinestraTest::SetUp();
+        QDir(dir.path()).mkdir(u("utente"));
+        writeFile(u("utente/tariffe_database.txt"),
+                  readBytes(dataPath(u("tariffa_piccola.txt")))
+                      + "**********\nDiritti\nProcesso di cognizione e procedimenti speciali e camerali\n"
+                        "Voce senza fascia aperta\n\n100\n1\n2\n**********\n");
+        ASSERT_TRUE(carica_dati());
+        App::failureSink() = [this](const QString &message) { failures << message; };
+        scegli(kDiritti, 0);
+        valore(u("50"));
+        ASSERT_EQ(Listbox1->ListCount(), 3);
+    }
+
+    QStringList failures;
+};
+
+} // namespace
+
+// After the one "Errore imprevisto", the field filters, reprices and marks the bill as changed as before it.
+TEST_F(HandlerFailures, AFieldWorksOnAfterAFailureInItsHandler)
+{
+    spunta(Listbox1, riga(Listbox1, kEsameStudio), 3); // Min: 100 up to 1000, 200 up to 10000
+    digita(EditQuantum, u("0")); // 500: listing the new item fails
+    ASSERT_EQ(failures.size(), 1);
+    EXPECT_TRUE(failures[0].startsWith(u("Errore imprevisto: indice fuori dai limiti della tabella tariffe")))
+        << failures[0].toStdString();
+    scegli(kOnorari); // the item out of the listing
+    globali().modificato = false;
+    digita(EditQuantum, u("0x,5")); // 5000, a letter dropped, a comma that becomes a point
+    EXPECT_EQ(EditQuantum->Text(), u("5000.5"));
+    EXPECT_EQ(Listbox2->Cell(0, 4), u("200"));
+    EXPECT_TRUE(globali().modificato);
+    EXPECT_EQ(failures.size(), 1);
+}
+
+// A bill opened while its value fails to list: one message, and the open stops there, so the bill is not taken
+// for saved.
+TEST_F(HandlerFailures, ACommandStopsWhereAHandlerItRaisedFailed)
+{
+    writeFile(u("Causa.qX9"), scriviParcella({u("Causa"), u("Cliente"), u("500"), true, true}, dati()));
+    digita(EditField1, u("modifiche"));
+    fake.openAnswers = {folderPath(u("Causa.qX9"))};
+    onNextModal(
+        [](QWidget *modal) { QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); });
+    App::instance()->menuBar()->item(u("ArchivioApri"))->trigger();
+    EXPECT_EQ(failures.size(), 1) << failures.join(u("\n")).toStdString();
+    EXPECT_EQ(EditQuantum->Text(), u("500"));
+    EXPECT_TRUE(globali().modificato);
 }

@@ -4,6 +4,7 @@
 #include "core/globali.h"
 #include "core/text_functions.h"
 #include "core/ui/edit_field.h"
+#include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
 #include "core/value_filter.h"
 
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 namespace lumetra {
 
@@ -83,10 +85,10 @@ fin_acconto::fin_acconto() : QDialog(QApplication::activeWindow())
 
     // Connected after the fields have their first text, which computes nothing.
     for (int i = 0; i < 2; ++i) {
-        connect(EditQNL[size_t(i)], &EditLine::TextChange, this, [this, i] { EditQNL_TextChange(i); });
+        connectHandler(EditQNL[size_t(i)], &EditLine::TextChange, this, [this, i] { EditQNL_TextChange(i); });
         EditQNL[size_t(i)]->keyDown = [this, i](QKeyEvent *key) { return EditQNL_KeyDown(i, key); };
     }
-    connect(PushButton1, &QPushButton::clicked, this, &fin_acconto::PushButton1_Action);
+    connectHandler(PushButton1, &QPushButton::clicked, this, &fin_acconto::PushButton1_Action);
 }
 
 void fin_acconto::Event_Open()
@@ -121,13 +123,13 @@ void fin_acconto::EditQNL_TextChange(int index)
             campo->setText(*filtrato);
             campo->end(false);
         }
-        // Each computation writes the other field, and starts none there.
-        automat = true;
+        // Each computation writes the other field, and starts none there; the
+        // flag falls back however the computation ends.
+        const QScopedValueRollback<bool> calcolo(automat, true);
         const TestiAcconto t = testiAcconto(index, campo->Text(), g.iva);
         StaticTcpa->setText(t.cpa);
         StaticTiva2->setText(t.iva);
         EditQNL[index == 1 ? 0 : 1]->setText(t.altro);
-        automat = false;
     }
     g.acconto_calcolato[0] = EditQNL[0]->Text();
 }

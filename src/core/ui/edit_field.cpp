@@ -1,9 +1,11 @@
 #include "core/ui/edit_field.h"
 
 #include "core/text_functions.h"
+#include "core/ui/handler_guard.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QValidator>
 
@@ -52,12 +54,15 @@ EditLine::EditLine(QWidget *parent) : QLineEdit(parent)
 
 void EditLine::setText(const QString &text)
 {
-    m_programWrite = true;
-    if (text == this->text())
-        onTextChanged();
-    else
-        QLineEdit::setText(text);
-    m_programWrite = false;
+    // The flags fall back however the write ends, so that the field filters
+    // and raises its handler after a failure as before it.
+    const QScopedValueRollback<bool> programma(m_programWrite, true);
+    programWrite([&] {
+        if (text == this->text())
+            onTextChanged();
+        else
+            QLineEdit::setText(text);
+    });
 }
 
 void EditLine::onTextChanged()
@@ -65,14 +70,26 @@ void EditLine::onTextChanged()
     m_lastLength = text().size();
     if (m_inHandler)
         return;
-    m_inHandler = true;
+    const QScopedValueRollback<bool> dentro(m_inHandler, true);
     emit TextChange();
-    m_inHandler = false;
 }
+
+namespace {
+
+// Whether the field's key handler keeps the key from the field. One that fails
+// keeps it: the command stops there.
+bool premiTasto(const KeyDownHandler &keyDown, QKeyEvent *event)
+{
+    bool trattenuto = true;
+    runGuarded([&] { trattenuto = keyDown && keyDown(event); });
+    return trattenuto;
+}
+
+} // namespace
 
 void EditLine::keyPressEvent(QKeyEvent *event)
 {
-    if (keyDown && keyDown(event))
+    if (premiTasto(keyDown, event))
         return;
     QLineEdit::keyPressEvent(event);
 }
@@ -95,19 +112,20 @@ void EditText::setText(const QString &text)
     QString shown = text;
     shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     shown.replace(QChar(13), QLatin1Char('\n'));
-    if (shown == toPlainText())
-        onTextChanged();
-    else
-        setPlainText(shown);
+    programWrite([&] {
+        if (shown == toPlainText())
+            onTextChanged();
+        else
+            setPlainText(shown);
+    });
 }
 
 void EditText::onTextChanged()
 {
     if (m_inHandler)
         return;
-    m_inHandler = true;
+    const QScopedValueRollback<bool> dentro(m_inHandler, true);
     emit TextChange();
-    m_inHandler = false;
 }
 
 qsizetype EditText::room() const
@@ -121,7 +139,7 @@ qsizetype EditText::room() const
 
 void EditText::keyPressEvent(QKeyEvent *event)
 {
-    if (keyDown && keyDown(event))
+    if (premiTasto(keyDown, event))
         return;
     const QString typed = event->text();
     const bool inserts = !isReadOnly() && !typed.isEmpty()

@@ -1,6 +1,7 @@
 #include "core/ui/fin_avverti.h"
 
 #include "core/globali.h"
+#include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
 
 #include <QLabel>
@@ -37,14 +38,14 @@ fin_avverti::fin_avverti()
     place(PushButton2, 20, 95, 120, 22);
     PushButton2->setFont(arial(14, true));
     PushButton2->setDefault(true);
-    connect(PushButton2, &QPushButton::clicked, this, &fin_avverti::PushButton2_Action);
+    connectHandler(PushButton2, &QPushButton::clicked, this, &fin_avverti::PushButton2_Action);
 
     PushButton1 = new QPushButton(QStringLiteral("Continua"), this);
     PushButton1->setObjectName(QStringLiteral("PushButton1"));
     place(PushButton1, 180, 95, 120, 22);
     PushButton1->setFont(arial(14, true));
     PushButton1->setAutoDefault(false);
-    connect(PushButton1, &QPushButton::clicked, this, &fin_avverti::PushButton1_Action);
+    connectHandler(PushButton1, &QPushButton::clicked, this, &fin_avverti::PushButton1_Action);
 }
 
 void fin_avverti::ShowModal() { exec(); }

@@ -2,6 +2,7 @@
 
 #include "core/globali.h"
 #include "core/ui/edit_field.h"
+#include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
 #include "core/user_data.h"
 
@@ -89,7 +90,7 @@ fin_dati_utente::fin_dati_utente()
     PushBreg->setFont(arial(14, true));
     PushBreg->setAutoDefault(false);
     PushBreg->setDefault(false);
-    connect(PushBreg, &QPushButton::clicked, this, &fin_dati_utente::PushBreg_Action);
+    connectHandler(PushBreg, &QPushButton::clicked, this, &fin_dati_utente::PushBreg_Action);
 
     if (QScreen *screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());

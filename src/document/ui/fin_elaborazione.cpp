@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/globali.h"
 #include "core/ui/dialogs.h"
+#include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
 #include "document/composer.h"
 #include "document/crea_stile.h"
@@ -94,7 +95,7 @@ fin_elaborazione::fin_elaborazione()
         bevel[size_t(i)] = new BevelBE(i, QString::fromUtf8(c.caption), this);
         place(bevel[size_t(i)], c.left, 10, 100, 22);
         bevel[size_t(i)]->setToolTip(QString::fromUtf8(c.helpTag).replace(QLatin1Char('\r'), QLatin1Char('\n')));
-        connect(bevel[size_t(i)], &QPushButton::clicked, this, [this, i] { BevelBE_Action(bevel[size_t(i)]); });
+        connectHandler(bevel[size_t(i)], &QPushButton::clicked, this, [this, i] { BevelBE_Action(bevel[size_t(i)]); });
     }
     // Out of sight at the right of the window, as the Word copy only.
     EditF2 = campoTesto(QStringLiteral("EditF2"), 550, this);
@@ -108,7 +109,7 @@ fin_elaborazione::fin_elaborazione()
     }
     setTabOrder(previous, EditF2);
 
-    connect(this, &QDialog::finished, this, [this] { Event_Close(); });
+    connectHandler(this, &QDialog::finished, this, [this] { Event_Close(); });
 }
 
 void fin_elaborazione::Event_Open()

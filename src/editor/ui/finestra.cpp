@@ -4,6 +4,7 @@
 #include "core/quit.h"
 #include "core/text_functions.h"
 #include "core/ui/edit_field.h"
+#include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
 #include "core/value_filter.h"
 #include "editor/bill.h"
@@ -256,26 +257,26 @@ void finestra::creaControlli()
 
 void finestra::collegaHandler()
 {
-    connect(EditField1, &EditText::TextChange, this, &finestra::EditField1_TextChange);
-    connect(EditField2, &EditText::TextChange, this, &finestra::EditField2_TextChange);
-    connect(EditQuantum, &EditLine::TextChange, this, &finestra::EditQuantum_TextChange);
-    connect(EditCerca, &EditLine::TextChange, this, &finestra::EditCerca_TextChange);
+    connectHandler(EditField1, &EditText::TextChange, this, &finestra::EditField1_TextChange);
+    connectHandler(EditField2, &EditText::TextChange, this, &finestra::EditField2_TextChange);
+    connectHandler(EditQuantum, &EditLine::TextChange, this, &finestra::EditQuantum_TextChange);
+    connectHandler(EditCerca, &EditLine::TextChange, this, &finestra::EditCerca_TextChange);
     EditField1->keyDown = [this](QKeyEvent *k) { return EditField1_KeyDown(k); };
     EditField2->keyDown = [this](QKeyEvent *k) { return EditField2_KeyDown(k); };
     EditQuantum->keyDown = [this](QKeyEvent *k) { return EditQuantum_KeyDown(k); };
     EditCerca->keyDown = [this](QKeyEvent *k) { return EditCerca_KeyDown(k); };
     EditNota->keyDown = [this](QKeyEvent *k) { return EditNota_KeyDown(k); };
-    connect(PopImport, &QComboBox::currentIndexChanged, this, &finestra::PopImport_Change);
-    connect(PopCatA, &QComboBox::currentIndexChanged, this, &finestra::PopCatA_Change);
-    connect(PopCatB, &QComboBox::currentIndexChanged, this, &finestra::PopCatB_Change);
-    connect(checkiva, &QCheckBox::toggled, this, &finestra::checkiva_Action);
-    connect(checkrite, &QCheckBox::toggled, this, &finestra::checkrite_Action);
+    connectHandler(PopImport, &QComboBox::currentIndexChanged, this, &finestra::PopImport_Change);
+    connectHandler(PopCatA, &QComboBox::currentIndexChanged, this, &finestra::PopCatA_Change);
+    connectHandler(PopCatB, &QComboBox::currentIndexChanged, this, &finestra::PopCatB_Change);
+    connectHandler(checkiva, &QCheckBox::toggled, this, &finestra::checkiva_Action);
+    connectHandler(checkrite, &QCheckBox::toggled, this, &finestra::checkrite_Action);
     for (int i = 0; i < 2; ++i)
-        connect(PushCrea[size_t(i)], &QPushButton::clicked, this, [this, i] { PushCrea_Action(i); });
-    connect(Listbox1, &Listbox::CellAction, this, &finestra::Listbox1_CellAction);
-    connect(Listbox1, &Listbox::CellClick, this, &finestra::Listbox1_CellClick);
-    connect(Listbox2, &Listbox::CellAction, this, &finestra::Listbox2_CellAction);
-    connect(Listbox2, &Listbox::CellClick, this, &finestra::Listbox2_CellClick);
+        connectHandler(PushCrea[size_t(i)], &QPushButton::clicked, this, [this, i] { PushCrea_Action(i); });
+    connectHandler(Listbox1, &Listbox::CellAction, this, &finestra::Listbox1_CellAction);
+    connectHandler(Listbox1, &Listbox::CellClick, this, &finestra::Listbox1_CellClick);
+    connectHandler(Listbox2, &Listbox::CellAction, this, &finestra::Listbox2_CellAction);
+    connectHandler(Listbox2, &Listbox::CellClick, this, &finestra::Listbox2_CellClick);
 }
 
 void finestra::ordinaTabulazione()

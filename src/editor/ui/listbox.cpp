@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -262,9 +263,8 @@ void Listbox::chiudiModifica()
     if (!editor)
         return;
     commitData(editor);
-    m_silentClose = true;
+    const QScopedValueRollback<bool> muto(m_silentClose, true);
     closeEditor(editor, QAbstractItemDelegate::NoHint);
-    m_silentClose = false;
 }
 
 void Listbox::mousePressEvent(QMouseEvent *event)

@@ -1,5 +1,6 @@
 #include "help/ui/finestrainfo.h"
 
+#include "core/ui/handler_guard.h"
 #include "help/contatto.h"
 #include "version.h"
 
@@ -67,7 +68,7 @@ finestrainfo::finestrainfo()
     PushButton1->setGeometry(80, 100, 100, 20);
     PushButton1->setFont(arial(true));
     PushButton1->setDefault(true);
-    connect(PushButton1, &QPushButton::clicked, this, &finestrainfo::PushButton1_Action);
+    connectHandler(PushButton1, &QPushButton::clicked, this, &finestrainfo::PushButton1_Action);
 }
 
 void finestrainfo::Event_Open()

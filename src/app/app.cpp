@@ -25,6 +25,7 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QThread>
 #include <QTranslator>
 #include <cstdio>
@@ -120,10 +121,14 @@ finestra &App::mainWindow()
             apriScelta(path);
     };
     w.apriCalcolatore = [] { return fin_acconto::instance().ShowModal(); };
-    w.apriDocumento = [this, &w] {
+    w.apriDocumento = [this, &w](const std::function<void()> &composto) {
         fin_elaborazione &f = fin_elaborazione::instance();
-        connect(&f, &fin_elaborazione::chiusa, &w, &QWidget::show);
+        // A document that fails to compose takes its window with it.
+        auto scarta = qScopeGuard([&f] { delete &f; });
         f.componi(datiDocumento());
+        scarta.dismiss();
+        connect(&f, &fin_elaborazione::chiusa, &w, &QWidget::show);
+        composto();
         f.ShowModal();
     };
     return w;

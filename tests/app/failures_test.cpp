@@ -5,8 +5,10 @@
 #include "advance/ui/fin_acconto.h"
 #include "app/menubar.h"
 #include "core/bill_file.h"
+#include "core/failure.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
+#include "document/ui/fin_elaborazione.h"
 #include "editor/ui/finestra_fixture.h"
 
 #include <QClipboard>
@@ -186,4 +188,28 @@ TEST_F(HandlerFailures, ACommandStopsWhereAHandlerItRaisedFailed)
     EXPECT_EQ(failures.size(), 1) << failures.join(u("\n")).toStdString();
     EXPECT_EQ(EditQuantum->Text(), u("500"));
     EXPECT_TRUE(globali().modificato);
+}
+
+// A document that fails to compose leaves the main window on the screen: it goes only once the document stands.
+TEST_F(HandlerFailures, ADocumentThatFailsToComposeLeavesTheMainWindow)
+{
+    const auto apri = w->apriDocumento;
+    bool nascosta = false;
+    w->apriDocumento = [&](const std::function<void()> &composto) {
+        if (nascosta)
+            return apri(composto);
+        throw UnhandledFailure(u("composizione fallita"));
+    };
+    QTest::mouseClick(w->findChild<QPushButton *>(u("PushCrea0")), Qt::LeftButton);
+    EXPECT_EQ(failures, QStringList{u("Errore imprevisto: composizione fallita")});
+    EXPECT_TRUE(w->isVisible());
+    // Once it composes, the main window makes way for the output window, and comes back after it.
+    nascosta = true;
+    onNextModal([&](QWidget *modal) {
+        EXPECT_FALSE(w->isVisible());
+        modal->close();
+    });
+    QTest::mouseClick(w->findChild<QPushButton *>(u("PushCrea0")), Qt::LeftButton);
+    EXPECT_TRUE(w->isVisible() && !fin_elaborazione::exists());
+    w->apriDocumento = apri;
 }

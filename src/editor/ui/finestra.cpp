@@ -469,8 +469,9 @@ void finestra::checkrite_Action()
 void finestra::PushCrea_Action(int index)
 {
     globali().elab = index;
-    hide();
-    apriDocumento();
+    // The main window goes only once the document stands: a failure while
+    // composing leaves it on the screen.
+    apriDocumento([this] { hide(); });
 }
 
 // ---- Category navigation

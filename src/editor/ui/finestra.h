@@ -55,9 +55,10 @@ public:
     // What the window asks of the rest of the program. The advance calculator:
     // it returns the net sum to put on the bill.
     std::function<QString()> apriCalcolatore;
-    // The output window, for the document globali().elab names; it returns when
-    // that window has closed.
-    std::function<void()> apriDocumento;
+    // The output window, for the document globali().elab names: it composes the
+    // document, calls composto once that has succeeded, then shows it, and
+    // returns when that window has closed.
+    std::function<void(const std::function<void()> &composto)> apriDocumento;
     // A bill dropped on the window, to be opened as "Apri.." opens one.
     std::function<void(const QString &)> apriParcellaTrascinata;
 

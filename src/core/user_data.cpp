@@ -56,4 +56,10 @@ void salvaUtenza(const Utenza &utenza)
     writeWholeFile(path, scriviUtenza(utenza));
 }
 
+void registraUtenza(Utenza &corrente, const Utenza &nuova)
+{
+    salvaUtenza(nuova);
+    corrente = nuova;
+}
+
 } // namespace lumetra

@@ -20,5 +20,8 @@ QByteArray scriviUtenza(const Utenza &utenza);
 bool esisteUtenza();
 Utenza caricaUtenza();
 void salvaUtenza(const Utenza &utenza);
+// Saves nuova, and only then makes it the current data: after a save that
+// fails, the documents go on with the data that is on the disk.
+void registraUtenza(Utenza &corrente, const Utenza &nuova);
 
 } // namespace lumetra

@@ -213,3 +213,20 @@ TEST_F(HandlerFailures, ADocumentThatFailsToComposeLeavesTheMainWindow)
     EXPECT_TRUE(w->isVisible() && !fin_elaborazione::exists());
     w->apriDocumento = apri;
 }
+
+// "Dati Utente..": the new data become current only once they are on the disk.
+TEST_F(FinestraTest, UserDataThatFailToSaveStayAsTheyWere)
+{
+    QStringList failures;
+    App::failureSink() = [&](const QString &message) { failures << message; };
+    globali().utenza[1] = u("Avv. Tizio Caio");
+    QDir(dir.path()).mkdir(u("utenza.txt")); // where utenza.txt is to go, a folder: the save fails
+    App::instance()->ArchivioDatiUtente_Action();
+    fin_dati_utente &form = fin_dati_utente::instance();
+    form.EditFute[1]->setText(u("Avv. Sempronio"));
+    form.PushBreg->click();
+    ASSERT_EQ(failures.size(), 1);
+    EXPECT_EQ(globali().utenza[1], u("Avv. Tizio Caio"));
+    EXPECT_TRUE(form.isVisible()); // the user can try again
+    delete &form;
+}

@@ -119,10 +119,10 @@ void fin_dati_utente::Show()
 
 void fin_dati_utente::PushBreg_Action()
 {
-    auto &g = globali();
+    Utenza nuova = globali().utenza; // index 0 keeps its value
     for (int i = 1; i <= 8; ++i)
-        g.utenza[size_t(i)] = EditFute[size_t(i)]->text();
-    salvaUtenza(g.utenza);
+        nuova[size_t(i)] = EditFute[size_t(i)]->text();
+    registraUtenza(globali().utenza, nuova);
     emit registrato();
     done(QDialog::Accepted);
 }

@@ -159,15 +159,8 @@ void App::Event_OpenDocument(const QString &item)
 {
     // A document handed over by the desktop that cannot be read is told, and
     // the bill on the screen stays as it is.
-    const QFileInfo info(item);
-    if (!info.isFile() || !info.isReadable()) {
-        dialogs().messageBox(
-            QStringLiteral("Impossibile aprire il documento %1:\r%2.")
-                .arg(info.fileName(),
-                     info.exists() ? QStringLiteral("non è un file leggibile") : QStringLiteral("il file non esiste")));
+    if (!AprifileqXR9(item))
         return;
-    }
-    AprifileqXR9(item);
     globali().iva = true;
     mainWindow().azzeraRicerca();
     globali().modificato = false;
@@ -242,8 +235,10 @@ void App::ArchivioApri_Action()
 
 void App::apriScelta(const QString &path)
 {
-    if (!path.isEmpty() && QFileInfo::exists(path))
-        AprifileqXR9(path);
+    // A file refused at the door stops the command: the bill stays as it was,
+    // changes and all.
+    if (!path.isEmpty() && !AprifileqXR9(path))
+        return;
     mainWindow().azzeraRicerca();
     globali().modificato = false;
 }
@@ -271,15 +266,22 @@ void App::Registrazione_parcella(const QString &path)
     g.modificato = false;
 }
 
-void App::AprifileqXR9(const QString &path)
+bool App::AprifileqXR9(const QString &path)
 {
+    // Every way a bill comes in passes here, through the one door.
+    const LetturaFile file = leggiFile(path);
+    if (!file.rifiuto.isEmpty()) {
+        dialogs().messageBox(
+            QStringLiteral("Impossibile aprire il documento %1:\r%2.").arg(QFileInfo(path).fileName(), file.rifiuto));
+        return false;
+    }
     auto &g = globali();
     // The name is taken before the file is looked at: a file that is no bill
     // still becomes the one "Registra" writes to.
     g.file_attuale = path;
     g.nome_attuale = QFileInfo(path).fileName();
     Event_EnableMenuItems();
-    const LetturaParcella lettura = apriParcella(readWholeFile(path), g.dati);
+    const LetturaParcella lettura = apriParcella(file.bytes, g.dati);
     if (lettura.esito == EsitoLettura::SenzaFine) {
         // A section without its terminator: the reader waits for it for ever.
         for (;;)
@@ -287,6 +289,7 @@ void App::AprifileqXR9(const QString &path)
     }
     if (lettura.esito == EsitoLettura::Letta)
         mainWindow().mostraTesta(lettura.testa);
+    return true;
 }
 
 void App::showUserDataForm(bool modal)

@@ -36,8 +36,10 @@ public:
     void AiutoMostraaiuto_Action();
 
     // Writes the bill to the file at path (replacing it), and reads one back.
+    // A file the door of the program's files refuses is told to the user and
+    // nothing else happens: then false.
     void Registrazione_parcella(const QString &path);
-    void AprifileqXR9(const QString &path);
+    bool AprifileqXR9(const QString &path);
 
     // The menu bar, made once and given to the main window.
     MenuBar1 *menuBar();

@@ -5,8 +5,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <cerrno>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace lumetra {
 
@@ -40,19 +47,76 @@ QString motivo(const QString &errorString)
 
 QString nome(const QString &path) { return QDir::toNativeSeparators(path); }
 
+LetturaFile leggi(const QString &path)
+{
+    // What the path names is looked at before it is opened: opening a FIFO
+    // waits for a writer, reading a device may never end.
+    const QFileInfo info(path);
+    if (!info.exists())
+        return {{}, QStringLiteral("il file non esiste")};
+    if (info.isDir())
+        return {{}, QStringLiteral("è una cartella")};
+    if (!info.isFile())
+        return {{}, QStringLiteral("non è un file regolare")};
+    if (info.size() > kDimensioneMassima)
+        return {{}, QStringLiteral("è troppo grande per essere un file del programma")};
+
+    QFile file;
+#ifdef Q_OS_UNIX
+    // Opened without waiting, and looked at once more as it is open: the path
+    // may have been replaced in between.
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return {{}, motivo(qt_error_string(errno))};
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        return {{}, QStringLiteral("non è un file regolare")};
+    }
+    if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        return {{}, motivo(file.errorString())};
+    }
+#else
+    file.setFileName(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, motivo(file.errorString())};
+#endif
+    // One byte more than the bound tells a file that has grown since.
+    QByteArray bytes = file.read(kDimensioneMassima + 1);
+    if (bytes.size() > kDimensioneMassima)
+        return {{}, QStringLiteral("è troppo grande per essere un file del programma")};
+    if (file.error() != QFileDevice::NoError) {
+        qCDebug(logFiles).noquote() << "read" << nome(path) << "failed:" << file.errorString();
+        throw UnhandledFailure(
+            QStringLiteral("impossibile leggere il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
+    }
+    return {std::move(bytes), {}};
+}
+
 } // namespace
+
+QString messaggioRifiuto(const QString &path, const QString &rifiuto)
+{
+    return QStringLiteral("impossibile leggere il file %1: %2").arg(nome(path), rifiuto);
+}
+
+LetturaFile leggiFile(const QString &path)
+{
+    LetturaFile lettura = leggi(path);
+    if (lettura.rifiuto.isEmpty())
+        qCDebug(logFiles).noquote() << "read" << nome(path) << lettura.bytes.size() << "bytes";
+    else
+        qCDebug(logFiles).noquote() << "read" << nome(path) << "refused:" << lettura.rifiuto;
+    return lettura;
+}
 
 QByteArray readWholeFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCDebug(logFiles).noquote() << "read" << nome(path) << "failed:" << file.errorString();
-        throw UnhandledFailure(
-            QStringLiteral("impossibile aprire il file %1 (%2)").arg(nome(path), motivo(file.errorString())));
-    }
-    const QByteArray bytes = file.readAll();
-    qCDebug(logFiles).noquote() << "read" << nome(path) << bytes.size() << "bytes";
-    return bytes;
+    LetturaFile lettura = leggiFile(path);
+    if (!lettura.rifiuto.isEmpty())
+        throw UnhandledFailure(messaggioRifiuto(path, lettura.rifiuto));
+    return std::move(lettura.bytes);
 }
 
 void writeWholeFile(const QString &path, const QByteArray &bytes)

@@ -40,8 +40,10 @@ QString shippedFile(const QString &name)
     const QDir here(executableFolder());
     for (const QString &relative :
          {name, QStringLiteral("../Resources/") + name, QStringLiteral("../share/lumetra/") + name}) {
+        // Whatever stands there is the file: one the program cannot read is
+        // refused with its name when it is read, never passed over.
         const QString path = QDir::cleanPath(here.filePath(relative));
-        if (QFileInfo(path).isFile())
+        if (QFileInfo::exists(path))
             return path;
     }
     qCDebug(logFiles).noquote() << name << "not found beside" << QDir::toNativeSeparators(here.path())
@@ -52,7 +54,7 @@ QString shippedFile(const QString &name)
 QString tariffFile()
 {
     const QString own = QDir(userDataFolder()).filePath(kTariffa);
-    if (QFileInfo(own).isFile()) {
+    if (QFileInfo::exists(own)) {
         qCDebug(logFiles).noquote() << "tariff:" << QDir::toNativeSeparators(own) << "(the user's own)";
         return own;
     }

@@ -1,10 +1,10 @@
 #include "help/istruzioni.h"
 
+#include "core/files.h"
 #include "core/log.h"
 #include "core/paths.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace lumetra {
 
@@ -22,16 +22,16 @@ QByteArray istruzioni()
     // Set before the file is looked at: a failed read is not tried again.
     s.loaded = true;
 
+    // A manual that is missing or refused at the door shows as an empty one.
     const QString path = shippedFile(QStringLiteral("istruzioni.rtf"));
     if (path.isEmpty())
         return s.permaText;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCDebug(logFiles).noquote() << "manual:" << QDir::toNativeSeparators(path)
-                                    << "unreadable:" << file.errorString();
+    const LetturaFile manuale = leggiFile(path);
+    if (!manuale.rifiuto.isEmpty()) {
+        qCDebug(logFiles).noquote() << "manual:" << QDir::toNativeSeparators(path) << "unreadable:" << manuale.rifiuto;
         return s.permaText;
     }
-    s.permaText = file.readAll();
+    s.permaText = manuale.bytes;
     qCDebug(logFiles).noquote() << "manual:" << QDir::toNativeSeparators(path) << s.permaText.size() << "bytes";
     return s.permaText;
 }

@@ -104,7 +104,7 @@ TEST_F(Handover, ADocumentThatCannotBeOpenedIsToldAndTheBillStays)
     secondoAvvio({folderPath(u("nome-sbagliato.qX9")), folderPath(u("tubo.qX9"))});
     EXPECT_EQ(fake.messages,
               (QStringList{u("Impossibile aprire il documento nome-sbagliato.qX9:\ril file non esiste."),
-                           u("Impossibile aprire il documento tubo.qX9:\rnon è un file leggibile.")}));
+                           u("Impossibile aprire il documento tubo.qX9:\rnon è un file regolare.")}));
     EXPECT_TRUE(EditField1->Text() == u("Causa in corso") && globali().modificato && globali().nome_attuale.isEmpty());
     // The documents a start names: absolute paths, options left out.
     EXPECT_EQ(documentArguments({u("lumetra"), u("Causa.qX9"), u("--style=fusion"), u("/srv/Bozza.qX9")}),

@@ -54,8 +54,8 @@ TEST(Render, TheBillIsRepricedForTheKindOfValue)
     }
 }
 
-// A wrong flag ends with status 2; a failure, or a bill that is no regular file (a FIFO would block the run,
-// /dev/zero would fill the memory), with status 1.
+// A wrong flag ends with status 2; a failure, or a bill the program's door refuses (a FIFO would block the run,
+// /dev/zero would fill the memory), with status 1 and the reason naming the file.
 TEST(Render, ExitStatuses)
 {
     EXPECT_EQ(render({u"--bogus"_s}).status, 2);
@@ -65,13 +65,21 @@ TEST(Render, ExitStatuses)
     // A tariff row with no band that ends the scan: the bill's value reads past column 55.
     writeBytes(dir.filePath(u"t.txt"_s), "Diritti\nAltro\nVoce senza fascia aperta\n\n100\n1\n2\n");
     writeBytes(dir.filePath(u"b.qX9"_s), "***PARCELLA***\r**********\r**********\r500\r60\r1\r0\r1\r\r");
-    for (const auto &[bill, message] : {std::pair{dir.filePath(u"b.qX9"_s), "Errore imprevisto"},
-                                        {QString::fromLocal8Bit(fifo), "is not a regular file"},
-                                        {u"/dev/zero"_s, "is not a regular file"}}) {
+    // the argument replaced (1 the tariff, 3 the user data, 5 the bill), by what, the message
+    const QString tubo = QString::fromLocal8Bit(fifo);
+    const std::tuple<int, QString, const char *> cases[] = {
+        {5, dir.filePath(u"b.qX9"_s), "Errore imprevisto"},
+        {5, tubo, "tubo.qX9: non è un file regolare"},
+        {5, u"/dev/zero"_s, "/dev/zero: non è un file regolare"},
+        {3, tubo, "tubo.qX9: non è un file regolare"},
+        {1, tubo, "tubo.qX9: non è un file regolare"},
+    };
+    for (const auto &[index, file, message] : cases) {
         QStringList args = exampleBill(u"bill"_s);
         args[1] = dir.filePath(u"t.txt"_s);
-        args[5] = bill;
+        args[5] = dir.filePath(u"b.qX9"_s);
+        args[index] = file;
         const Result r = render(args);
-        EXPECT_TRUE(r.status == 1 && r.err.contains(message)) << bill.toStdString() << r.err.constData();
+        EXPECT_TRUE(r.status == 1 && r.err.contains(message)) << file.toStdString() << r.err.constData();
     }
 }

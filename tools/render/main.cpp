@@ -6,6 +6,7 @@
 
 #include "core/bill_file.h"
 #include "core/failure.h"
+#include "core/files.h"
 #include "core/tariff.h"
 #include "core/text_functions.h"
 #include "core/user_data.h"
@@ -20,7 +21,6 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 #include <cstdio>
@@ -119,16 +119,13 @@ Options parse(const QStringList &args)
     return o;
 }
 
-QByteArray readFile(const QString &path, const char *what)
+// The program's one door: a file it refuses ends the run with status 1.
+QByteArray readFile(const QString &path)
 {
-    // A FIFO or a device would block the run or fill the memory.
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
-        throw ReadError{QStringLiteral("the %1 %2 is not a regular file").arg(QString::fromLatin1(what), path)};
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        throw ReadError{
-            QStringLiteral("cannot read the %1 %2: %3").arg(QString::fromLatin1(what), path, f.errorString())};
-    return f.readAll();
+    LetturaFile lettura = leggiFile(path);
+    if (!lettura.rifiuto.isEmpty())
+        throw ReadError{messaggioRifiuto(path, lettura.rifiuto)};
+    return std::move(lettura.bytes);
 }
 
 void write(const QByteArray &bytes) { std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout); }
@@ -137,14 +134,14 @@ int run(const Options &o)
 {
     setNumberConvention(o.decimalMark == QLatin1Char('.') ? pointConvention() : italianConvention());
 
-    Tabella dati = caricaTabella(readFile(o.tariff, "tariff"));
+    Tabella dati = caricaTabella(readFile(o.tariff));
     Utenza utenza;
     if (QFile::exists(o.user))
-        utenza = leggiUtenza(readFile(o.user, "user data"));
+        utenza = leggiUtenza(readFile(o.user));
 
     // "Apri..": the program's own path, the rows into the table and the head
     // for the fields; EditQuantum takes the value through its filter.
-    const LetturaParcella lettura = apriParcella(readFile(o.bill, "bill"), dati);
+    const LetturaParcella lettura = apriParcella(readFile(o.bill), dati);
     if (lettura.esito == EsitoLettura::NonParcella)
         throw ReadError{QStringLiteral("%1 is not a bill").arg(o.bill)};
     if (lettura.esito == EsitoLettura::SenzaFine)

@@ -1,6 +1,8 @@
 #include "app/document_handover.h"
 
+#include "app/same_user.h"
 #include "core/log.h"
+#include "core/ui/handler_guard.h"
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -8,6 +10,7 @@
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QLockFile>
 #include <memory>
 
 namespace lumetra {
@@ -21,14 +24,6 @@ const QByteArray kAttiva = "attiva";
 const QByteArray kFine = "fine";
 const QByteArray kOk = "ok";
 
-QString sicuro(QString text)
-{
-    for (QChar &c : text)
-        if (!c.isLetterOrNumber() && c != QLatin1Char('-') && c != QLatin1Char('_'))
-            c = QLatin1Char('_');
-    return text.left(32);
-}
-
 } // namespace
 
 DocumentHandover::DocumentHandover(const QString &name, QObject *parent) : QObject(parent), m_name(name)
@@ -39,31 +34,33 @@ DocumentHandover::DocumentHandover(const QString &name, QObject *parent) : QObje
 
 QString DocumentHandover::serverName()
 {
-    QString user = qEnvironmentVariable("USER");
-    if (user.isEmpty())
-        user = QDir::home().dirName();
+    const QString folder = privateFolder();
+    if (folder.isEmpty())
+        return {};
     // The graphical session is told by its display; without one (a text
-    // console), by the login session.
+    // console), by the login session. The folder is the user's own.
     QString session = qEnvironmentVariable("WAYLAND_DISPLAY") + QLatin1Char('|') + qEnvironmentVariable("DISPLAY");
     if (session.size() == 1)
         session = qEnvironmentVariable("XDG_SESSION_ID");
     const QString tag
         = QString::fromLatin1(QCryptographicHash::hash(session.toUtf8(), QCryptographicHash::Sha1).toHex().left(12));
-    const QString name = QStringLiteral("lumetra-%1-%2").arg(sicuro(user), tag);
-    // The user's own runtime folder, where no other user can reach, when there is one.
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty() && QFileInfo(runtime).isDir())
-        return QDir(runtime).filePath(name);
-    return name;
+    return QDir(folder).filePath(QStringLiteral("lumetra-%1").arg(tag));
 }
 
 DocumentHandover::Esito DocumentHandover::consegna(const QStringList &documents, int timeoutMs) const
 {
+    if (m_name.isEmpty())
+        return Esito::NessunProgramma;
     QLocalSocket socket;
     socket.connectToServer(m_name);
     if (!socket.waitForConnected(500)) {
         qCDebug(logHandover).noquote() << "no program answers on" << m_name;
         return Esito::NessunProgramma;
+    }
+    // Not a word, and no path, to a program of another user.
+    if (!peerIsSameUser(socket)) {
+        qCDebug(logHandover).noquote() << "another user's program holds" << m_name;
+        return Esito::AltroUtente;
     }
     qCDebug(logHandover).noquote() << "handing" << documents.size() << "documents to the program on" << m_name;
     QByteArray message;
@@ -82,45 +79,59 @@ DocumentHandover::Esito DocumentHandover::consegna(const QStringList &documents,
     return socket.readLine().trimmed() == kOk ? Esito::Consegnati : Esito::NessunaRisposta;
 }
 
+void DocumentHandover::ascolta(QLocalSocket *socket)
+{
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    // Another user's start is not heard at all.
+    if (!peerIsSameUser(*socket)) {
+        qCDebug(logHandover).noquote() << "a start of another user refused on" << m_name;
+        socket->abort();
+        socket->deleteLater();
+        return;
+    }
+    // What one start asks for, taken up once it has said all.
+    auto documenti = std::make_shared<QStringList>();
+    auto attiva = std::make_shared<bool>(false);
+    connect(socket, &QLocalSocket::readyRead, socket, [this, socket, documenti, attiva] {
+        while (socket->canReadLine()) {
+            const QByteArray line = socket->readLine().chopped(1);
+            if (line.startsWith(kApri)) {
+                *documenti << QString::fromUtf8(line.mid(kApri.size()));
+                qCDebug(logHandover).noquote() << "received" << documenti->back();
+            } else if (line == kAttiva) {
+                *attiva = true;
+            } else if (line == kFine) {
+                socket->write(kOk + '\n');
+                socket->flush();
+                for (const QString &document : *documenti)
+                    deliver(document);
+                if (*attiva && activate)
+                    runGuarded(activate);
+            }
+        }
+    });
+}
+
 bool DocumentHandover::listen()
 {
+    if (m_name.isEmpty())
+        return false;
     if (!m_server) {
         m_server = new QLocalServer(this);
         m_server->setSocketOptions(QLocalServer::UserAccessOption);
         connect(m_server, &QLocalServer::newConnection, this, [this] {
-            while (QLocalSocket *socket = m_server->nextPendingConnection()) {
-                connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-                // What one start asks for, taken up once it has said all.
-                auto documenti = std::make_shared<QStringList>();
-                auto attiva = std::make_shared<bool>(false);
-                connect(socket, &QLocalSocket::readyRead, socket, [this, socket, documenti, attiva] {
-                    while (socket->canReadLine()) {
-                        const QByteArray line = socket->readLine().chopped(1);
-                        if (line.startsWith(kApri)) {
-                            *documenti << QString::fromUtf8(line.mid(kApri.size()));
-                            qCDebug(logHandover).noquote() << "received" << documenti->back();
-                        } else if (line == kAttiva) {
-                            *attiva = true;
-                        } else if (line == kFine) {
-                            socket->write(kOk + '\n');
-                            socket->flush();
-                            for (const QString &document : *documenti)
-                                deliver(document);
-                            if (*attiva && activate)
-                                activate();
-                        }
-                    }
-                });
-            }
+            while (QLocalSocket *socket = m_server->nextPendingConnection())
+                ascolta(socket);
         });
     }
     // Qt puts a socket with access options in place by renaming it over any
-    // file of that name, a live program's included: so ask first.
+    // file of that name, a live program's included: so ask first. A socket
+    // that answers is left alone, whoever holds it.
     QLocalSocket probe;
     probe.connectToServer(m_name);
     if (probe.waitForConnected(500)) {
         qCDebug(logHandover).noquote() << "a live program holds" << m_name;
-        return false; // its owner is alive
+        return false;
     }
     // Nothing there, or a socket left by a program that did not end cleanly.
     QLocalServer::removeServer(m_name);
@@ -130,6 +141,28 @@ bool DocumentHandover::listen()
     else
         qCDebug(logHandover).noquote() << "cannot listen on" << m_name << m_server->errorString();
     return listening;
+}
+
+DocumentHandover::Avvio DocumentHandover::avvia(const QStringList &documents)
+{
+    if (m_name.isEmpty()) {
+        qCDebug(logHandover) << "no folder of this user's own for the hand-over: this start runs on its own";
+        return Avvio::DaSolo;
+    }
+    QLockFile lock(m_name + QStringLiteral(".lock"));
+    // The lock of a start that died holding it is taken over; one that is
+    // held for longer than a start takes is not waited for.
+    lock.tryLock(15000);
+    switch (consegna(documents)) {
+    case Esito::Consegnati:
+        return Avvio::Consegnati;
+    case Esito::NessunProgramma:
+        return listen() ? Avvio::InAscolto : Avvio::DaSolo;
+    case Esito::NessunaRisposta: // a copy that hangs
+    case Esito::AltroUtente:
+        break;
+    }
+    return Avvio::DaSolo;
 }
 
 void DocumentHandover::deliver(const QString &document)
@@ -152,8 +185,9 @@ void DocumentHandover::openWaiting()
     // The next one goes on even if this one fails.
     if (!m_waiting.empty())
         m_retry.start(0);
+    qCDebug(logHandover).noquote() << "opening" << document;
     if (openDocument)
-        openDocument(document);
+        runGuarded([&] { openDocument(document); });
 }
 
 QStringList documentArguments(const QStringList &arguments)

@@ -1,5 +1,6 @@
 #include "app/app.h"
 #include "app/document_handover.h"
+#include "core/ui/handler_guard.h"
 #include "editor/ui/finestra.h"
 
 #include <QTimer>
@@ -12,17 +13,8 @@ int main(int argc, char **argv)
     try {
         const QStringList documents = documentArguments(App::arguments());
         DocumentHandover handover;
-        // Two starts at once: the one that loses the race to listen hands over
-        // to the other.
-        bool listening = false;
-        for (int attempt = 0; attempt < 3 && !listening; ++attempt) {
-            const auto esito = handover.consegna(documents);
-            if (esito == DocumentHandover::Esito::Consegnati)
-                return 0;
-            if (esito == DocumentHandover::Esito::NessunaRisposta)
-                break; // a copy that hangs: this one runs on its own
-            listening = handover.listen();
-        }
+        if (handover.avvia(documents) == DocumentHandover::Avvio::Consegnati)
+            return 0;
         handover.openDocument = [&app](const QString &document) { app.Event_OpenDocument(document); };
         handover.activate = [] {
             QWidget *w = QApplication::activeModalWidget();
@@ -35,13 +27,15 @@ int main(int argc, char **argv)
             }
         };
         QTimer::singleShot(0, &app, [&app, &handover, documents] {
-            app.Event_Open();
-            if (!finestra::exists()) // no tariff: the program is ending
-                return;
-            App::setStarted(true);
-            for (const QString &document : documents)
-                handover.deliver(document);
-            handover.ready = true;
+            runGuarded([&] {
+                app.Event_Open();
+                if (!finestra::exists()) // no tariff: the program is ending
+                    return;
+                App::setStarted(true);
+                for (const QString &document : documents)
+                    handover.deliver(document);
+                handover.ready = true;
+            });
         });
         return app.exec();
     } catch (const std::exception &e) {

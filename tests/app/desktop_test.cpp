@@ -52,6 +52,7 @@ TEST_F(FinestraTest, ABillDroppedOnTheWindowOpensAsApriOpensIt)
         QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); // Continua
     });
     EXPECT_TRUE(drop(u("Trascinata.qX9")));
+    settle(); // the bill opens once the drop is over
     EXPECT_TRUE(EditField1->Text() == u("Causa trascinata") && globali().nome_attuale == u("Trascinata.qX9"));
     EXPECT_FALSE(globali().modificato);
 }

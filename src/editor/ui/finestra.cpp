@@ -22,6 +22,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTimer>
 
 namespace lumetra {
 
@@ -303,22 +304,40 @@ QString finestra::parcellaTrascinata(const QMimeData *mime)
 bool finestra::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::DragEnter:
-    case QEvent::DragMove: {
-        auto *drag = static_cast<QDragMoveEvent *>(event);
-        if (parcellaTrascinata(drag->mimeData()).isEmpty())
+    case QEvent::DragEnter: {
+        // The bill is read from the drag as it enters, while its source is
+        // sure to answer: some end as soon as they have dropped.
+        auto *drag = static_cast<QDragEnterEvent *>(event);
+        m_trascinata = parcellaTrascinata(drag->mimeData());
+        if (m_trascinata.isEmpty())
             break;
         drag->acceptProposedAction();
         return true;
     }
+    case QEvent::DragMove: {
+        if (m_trascinata.isEmpty())
+            break;
+        static_cast<QDragMoveEvent *>(event)->acceptProposedAction();
+        return true;
+    }
+    case QEvent::DragLeave:
+        m_trascinata.clear();
+        break;
     case QEvent::Drop: {
+        // What entered is what drops: asked for again, the data of a source
+        // that has ended would be waited for in vain.
         auto *drop = static_cast<QDropEvent *>(event);
-        const QString path = parcellaTrascinata(drop->mimeData());
+        const QString path = m_trascinata.isEmpty() ? parcellaTrascinata(drop->mimeData()) : m_trascinata;
+        m_trascinata.clear();
         if (path.isEmpty())
             break;
         drop->acceptProposedAction();
-        if (apriParcellaTrascinata)
-            apriParcellaTrascinata(path);
+        // Opened once the drop is over, so that the source is not kept waiting
+        // for the unsaved-changes warning and the user's answer.
+        QTimer::singleShot(0, this, [this, path] {
+            if (apriParcellaTrascinata)
+                runGuarded([&] { apriParcellaTrascinata(path); });
+        });
         return true;
     }
     default:

@@ -135,6 +135,8 @@ private:
     void calcolaAcconto();
 
     QWidget *m_area = nullptr;
+    // The bill a drag over the window carries, read as it entered.
+    QString m_trascinata;
 };
 
 } // namespace lumetra

@@ -2,6 +2,8 @@
 
 #include "core/text_functions.h"
 
+#include <QRegularExpression>
+
 namespace lumetra {
 
 namespace {
@@ -128,18 +130,44 @@ QString testoNota(const Tabella &dati, int i, const QString &voce)
     return voce + QChar(13) + QStringLiteral("* ") + nota;
 }
 
+namespace {
+
+// The figure a reader sees in a value that begins with a thousands grouping
+// (one to three digits, the first not 0, then groups of a point and exactly
+// three digits), whatever follows it: the digits without their points, and the
+// cents that a further point brings ("25.000.50" is what the field makes of
+// "25.000,50"). Empty when the value begins with no grouping.
+QString cifraRaggruppata(const QString &valore)
+{
+    const NumberConvention &n = numberConvention();
+    if (n.group != QLatin1Char('.'))
+        return {};
+    static const QRegularExpression gruppi(QStringLiteral("^\\s*([1-9]\\d{0,2}(?:\\.\\d{3})+)(?!\\d)(?:\\.(\\d+))?"));
+    const QRegularExpressionMatch m = gruppi.match(valore);
+    if (!m.hasMatch())
+        return {};
+    QString cifra = m.captured(1).remove(QLatin1Char('.'));
+    if (m.hasCaptured(2))
+        cifra += n.decimal + m.captured(2);
+    return cifra;
+}
+
+} // namespace
+
 QString avvisoValore(const QString &valore)
 {
     const double fascia = Val(valore);
     const double importi = CDbl(valore);
-    if (fascia == importi)
+    QString inteso = cifraRaggruppata(valore);
+    if (inteso.isEmpty() && fascia == importi)
         return {};
-    // What the user most likely meant: the reading that is not 0.
-    const double inteso = importi != 0 ? importi : fascia;
+    // Without a grouping, what the user most likely meant: the reading that is not 0.
+    if (inteso.isEmpty())
+        inteso = CStr(importi != 0 ? importi : fascia);
     QString euro = Format(fascia, QStringLiteral("-#.00"));
     if (euro.startsWith(numberConvention().decimal))
         euro.prepend(QLatin1Char('0'));
-    return QStringLiteral("Attenzione: fascia di %1 €.\nPer %2 € scrivere %2, senza punti.").arg(euro, CStr(inteso));
+    return QStringLiteral("Attenzione: fascia di %1 €.\nPer %2 € scrivere %2, senza punti.").arg(euro, inteso);
 }
 
 int rigaTariffa(const QString &rif) { return toInteger(Val(rif)); }

@@ -45,10 +45,12 @@ void togliVoce(Tabella &dati, int i);
 // the note of tariff row i on a second line.
 QString testoNota(const Tabella &dati, int i, const QString &voce);
 
-// The warning beside the value of the dispute while its two readings differ:
-// the band is chosen on Val's reading, the coefficients multiply CDbl's, so
-// "150.000" picks the band of 150 and bills on 150000. Two lines: which band,
-// and how to write the figure. Empty when the readings agree.
+// The warning beside the value of the dispute while it holds a thousands
+// grouping, whatever follows it ("150.000", "1.200.000", "25.000.50" as the
+// field makes "25.000,50"), or while its two readings differ: the band is
+// chosen on Val's reading, the coefficients multiply CDbl's, so "150.000" picks
+// the band of 150 and bills on 150000, and "25.000.50" bills 25 in the band of
+// 25. Two lines: which band, and how to write the figure. Empty otherwise.
 QString avvisoValore(const QString &valore);
 
 // The tariff row a list row refers to: the integer of Val of its cell 0.

@@ -83,3 +83,39 @@ TEST(Pick, WritesStateAndUnitValueRenamesAndTakesOff)
     togliVoce(dati, kEsameDocumenti);
     EXPECT_EQ(dati.at(kEsameDocumenti, kColNome) + dati.at(kEsameDocumenti, kColQuantita), u("1"));
 }
+
+TEST(ValueWarning, EveryThousandsGroupingAReaderSees)
+{
+    // value as the field holds it (a typed comma is a point there), the band's figure and what to type; "" when
+    // there is no warning
+    const std::pair<const char *, const char *> cases[] = {
+        {"150.000", "150,00|150000"},
+        {"25.000.50", "25,00|25000,50"}, // "25.000,50" typed: both readings are 25
+        {"1.200.000", "1,20|1200000"},
+        {"1.225", "1,23|1225"},
+        {"1.000.5x", "1,00|1000,5"}, // whatever follows the cents
+        {"1,5", "1,00|1,5"}, // no grouping, but the two readings differ
+        {"150000", ""},
+        {"25000.50", ""},
+        {"12000.5", ""},
+        {"1.5", ""},
+        {"1.2345", ""}, // four digits: a decimal, not a group
+        {"0.035", ""}, // a group never begins with 0
+        {"1.2.3", ""},
+        {"", ""},
+        {"Importante", ""},
+    };
+    for (const auto &[valore, atteso] : cases) {
+        QString expected;
+        if (*atteso) {
+            const QStringList parts = u(atteso).split(QLatin1Char('|'));
+            expected = u("Attenzione: fascia di %1 €.\nPer %2 € scrivere %2, senza punti.").arg(parts[0], parts[1]);
+        }
+        EXPECT_EQ(avvisoValore(u(valore)), expected) << valore;
+    }
+    // The warning changes no money: the band is still Val's (25), and so is the amount of a coefficient.
+    Tabella dati = tariffaPiccola();
+    dati.at(kEsameStudio, kColStato) = u("1");
+    riprezza(dati, u("25.000.50"), Prestabilito);
+    EXPECT_EQ(vistaParcella(dati, u("25.000.50")).righe[0][ParImporto].testo, u("100"));
+}

@@ -55,12 +55,14 @@ TEST_F(FinestraTest, AValueWithThousandsPointsIsPointedOut)
         {"150.000", true, "100"}, // the first band, the band of 150
         {"150000", false, "3000"}, // 0,02 of 150000
         {"12000.5", false, "240,01"},
+        {"25.000,50", true, "100"}, // the field holds 25.000.50: the band of 25, as Val reads it
     };
     for (const auto &[typed, shown, importo] : cases) {
         valore(u(typed));
         EXPECT_EQ(avviso->isVisible(), shown) << typed;
         EXPECT_EQ(Listbox2->Cell(0, 4), u(importo)) << typed;
     }
+    EXPECT_EQ(avviso->text(), u("Attenzione: fascia di 25,00 €.\nPer 25000,50 € scrivere 25000,50, senza punti."));
     valore(u("150.000"));
     EXPECT_EQ(avviso->text(), u("Attenzione: fascia di 150,00 €.\nPer 150000 € scrivere 150000, senza punti."));
     // Outside the controls' places: it covers none of them.

@@ -58,12 +58,18 @@ App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); 
 // Qt's own dialogs and context menus in Italian, whatever the system's language.
 void App::loadTranslations()
 {
+    // Qt's own folder; else a "translations" folder beside the program, where
+    // the Windows package puts them.
     auto *qt = new QTranslator(this);
-    if (qt->load(QLocale(QLocale::Italian, QLocale::Italy), QStringLiteral("qtbase"), QStringLiteral("_"),
-                 QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        installTranslator(qt);
-    else
-        delete qt;
+    for (const QString &folder :
+         {QLibraryInfo::path(QLibraryInfo::TranslationsPath), applicationDirPath() + QStringLiteral("/translations")}) {
+        if (qt->load(QLocale(QLocale::Italian, QLocale::Italy), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     folder)) {
+            installTranslator(qt);
+            return;
+        }
+    }
+    delete qt;
 }
 
 std::function<void(const QString &)> &App::failureSink()

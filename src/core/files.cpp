@@ -8,6 +8,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <cerrno>
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -20,13 +23,29 @@ namespace lumetra {
 namespace {
 
 // Qt reports the system's words for a cause, some of them translated; the user
-// reads ours. They are told apart by Qt's own text for each cause.
+// reads ours. They are told apart by Qt's own text for each cause: on Windows
+// Qt words the system's error codes, elsewhere errno.
 QString motivo(const QString &errorString)
 {
     static const struct {
         int code;
         const char *testo;
     } noti[] = {
+#ifdef Q_OS_WIN
+        {ERROR_DISK_FULL, "disco pieno"},
+        {ERROR_HANDLE_DISK_FULL, "disco pieno"},
+        {1295, "spazio su disco esaurito"}, // ERROR_DISK_QUOTA_EXCEEDED, missing in MinGW's headers
+        {ERROR_FILE_TOO_LARGE, "file troppo grande"},
+        {ERROR_ACCESS_DENIED, "permesso negato"},
+        {ERROR_SHARING_VIOLATION, "file in uso da un altro programma"},
+        {ERROR_LOCK_VIOLATION, "file in uso da un altro programma"},
+        {ERROR_WRITE_PROTECT, "disco di sola lettura"},
+        {ERROR_FILE_NOT_FOUND, "cartella o file inesistente"},
+        {ERROR_PATH_NOT_FOUND, "cartella o file inesistente"},
+        {ERROR_DIRECTORY, "è una cartella"},
+        {ERROR_CRC, "errore del disco"},
+        {ERROR_IO_DEVICE, "errore del disco"},
+#else
         {ENOSPC, "disco pieno"},
         {EDQUOT, "spazio su disco esaurito"},
         {EFBIG, "file troppo grande"},
@@ -37,6 +56,7 @@ QString motivo(const QString &errorString)
         {ENOTDIR, "cartella inesistente"},
         {EISDIR, "è una cartella"},
         {EIO, "errore del disco"},
+#endif
     };
     for (const auto &n : noti) {
         if (errorString.contains(qt_error_string(n.code), Qt::CaseInsensitive))

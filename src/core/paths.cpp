@@ -28,9 +28,14 @@ QString userDataFolder()
 {
     if (!g_userDataFolder.isEmpty())
         return g_userDataFolder;
+#ifdef Q_OS_WIN
+    // The user's roaming application data: %APPDATA%\Lumetra.
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+#else
     // Lower case, as Linux programs name their folders, whatever the
     // application's display name is.
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/lumetra");
+#endif
 }
 
 void setUserDataFolder(const QString &folder) { g_userDataFolder = folder; }

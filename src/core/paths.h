@@ -12,7 +12,8 @@ namespace lumetra {
 QString executableFolder();
 void setExecutableFolder(const QString &folder);
 
-// The per-user data folder (~/.local/share/lumetra on Linux), created when a
+// The per-user data folder (~/.local/share/lumetra on Linux, %APPDATA%\Lumetra
+// on Windows, named after the application), created when a
 // file is written there. Tests put it elsewhere; an empty text restores it.
 QString userDataFolder();
 void setUserDataFolder(const QString &folder);

@@ -12,11 +12,13 @@
 #include "editor/ui/finestra_fixture.h"
 
 #include <QClipboard>
-#include <csignal>
 #include <functional>
+#ifdef Q_OS_UNIX
+#include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
 
 using namespace lumetra;
 using namespace lumetra::test;
@@ -57,26 +59,8 @@ protected:
 
 TEST_F(Failures, ASaveThatFailsIsToldAndLeavesTheOldFileWhole)
 {
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const QByteArray folder = dir.path().toLocal8Bit();
-    const bool root = geteuid() == 0;
     QDir(dir.path()).mkdir(u("sparita"));
-    const std::tuple<const char *, std::function<int()>, std::function<int()>> cases[] = {
-        // The system cuts the write half way, as on a disk that fills up.
-        {"(file troppo grande)",
-         [&] {
-             const rlimit limit{100, before.rlim_max};
-             std::signal(SIGXFSZ, SIG_IGN);
-             return setrlimit(RLIMIT_FSIZE, &limit);
-         },
-         [&] {
-             std::signal(SIGXFSZ, SIG_DFL);
-             return setrlimit(RLIMIT_FSIZE, &before);
-         }},
-        // A folder that cannot be written: root writes anywhere, so as nobody.
-        {"(permesso negato)", [&] { return root ? seteuid(65534) : chmod(folder.constData(), 0555); },
-         [&] { return root ? seteuid(0) : chmod(folder.constData(), 0700); }},
+    std::vector<std::tuple<const char *, std::function<int()>, std::function<int()>>> cases = {
         // The folder removed between the choice of the file and the save.
         {"(cartella o file inesistente)",
          [&] {
@@ -85,6 +69,28 @@ TEST_F(Failures, ASaveThatFailsIsToldAndLeavesTheOldFileWhole)
          },
          [&] { return 0; }},
     };
+#ifdef Q_OS_UNIX
+    // A file size limit and a second user exist on Unix alone.
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const QByteArray folder = dir.path().toLocal8Bit();
+    const bool root = geteuid() == 0;
+    // The system cuts the write half way, as on a disk that fills up.
+    cases.insert(cases.begin(),
+                 {{"(file troppo grande)",
+                   [&] {
+                       const rlimit limit{100, before.rlim_max};
+                       std::signal(SIGXFSZ, SIG_IGN);
+                       return setrlimit(RLIMIT_FSIZE, &limit);
+                   },
+                   [&] {
+                       std::signal(SIGXFSZ, SIG_DFL);
+                       return setrlimit(RLIMIT_FSIZE, &before);
+                   }},
+                  // A folder that cannot be written: root writes anywhere, so as nobody.
+                  {"(permesso negato)", [&] { return root ? seteuid(65534) : chmod(folder.constData(), 0555); },
+                   [&] { return root ? seteuid(0) : chmod(folder.constData(), 0700); }}});
+#endif
     for (const auto &[reason, prepare, restore] : cases) {
         ASSERT_EQ(prepare(), 0) << reason;
         const bool told = registraFallisce(reason);

@@ -1,9 +1,12 @@
 #include "support/test_files.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
+#endif
 
 using namespace lumetra::test;
 using namespace Qt::StringLiterals;
@@ -54,26 +57,33 @@ TEST(Render, TheBillIsRepricedForTheKindOfValue)
     }
 }
 
-// A wrong flag ends with status 2; a failure, or a bill the program's door refuses (a FIFO would block the run,
-// /dev/zero would fill the memory), with status 1 and the reason naming the file.
+// A wrong flag ends with status 2; a failure, or a bill the program's door refuses (a folder; a FIFO would block
+// the run, /dev/zero would fill the memory), with status 1 and the reason naming the file.
 TEST(Render, ExitStatuses)
 {
     EXPECT_EQ(render({u"--bogus"_s}).status, 2);
     QTemporaryDir dir;
-    const QByteArray fifo = dir.filePath(u"tubo.qX9"_s).toLocal8Bit();
-    ASSERT_EQ(mkfifo(fifo.constData(), 0600), 0);
     // A tariff row with no band that ends the scan: the bill's value reads past column 55.
     writeBytes(dir.filePath(u"t.txt"_s), "Diritti\nAltro\nVoce senza fascia aperta\n\n100\n1\n2\n");
     writeBytes(dir.filePath(u"b.qX9"_s), "***PARCELLA***\r**********\r**********\r500\r60\r1\r0\r1\r\r");
     // the argument replaced (1 the tariff, 3 the user data, 5 the bill), by what, the message
-    const QString tubo = QString::fromLocal8Bit(fifo);
-    const std::tuple<int, QString, const char *> cases[] = {
+    const QString cartella = dir.filePath(u"cartella.qX9"_s);
+    ASSERT_TRUE(QDir(dir.path()).mkdir(u"cartella.qX9"_s));
+    std::vector<std::tuple<int, QString, const char *>> cases = {
         {5, dir.filePath(u"b.qX9"_s), "Errore imprevisto"},
-        {5, tubo, "tubo.qX9: non è un file regolare"},
-        {5, u"/dev/zero"_s, "/dev/zero: non è un file regolare"},
-        {3, tubo, "tubo.qX9: non è un file regolare"},
-        {1, tubo, "tubo.qX9: non è un file regolare"},
+        {5, cartella, "cartella.qX9: non è un file regolare"},
+        {3, cartella, "cartella.qX9: non è un file regolare"},
+        {1, cartella, "cartella.qX9: non è un file regolare"},
     };
+#ifdef Q_OS_UNIX
+    // FIFOs and devices are Unix's.
+    const QString tubo = dir.filePath(u"tubo.qX9"_s);
+    ASSERT_EQ(mkfifo(tubo.toLocal8Bit().constData(), 0600), 0);
+    cases.insert(cases.end(), {{5, tubo, "tubo.qX9: non è un file regolare"},
+                               {5, u"/dev/zero"_s, "/dev/zero: non è un file regolare"},
+                               {3, tubo, "tubo.qX9: non è un file regolare"},
+                               {1, tubo, "tubo.qX9: non è un file regolare"}});
+#endif
     for (const auto &[index, file, message] : cases) {
         QStringList args = exampleBill(u"bill"_s);
         args[1] = dir.filePath(u"t.txt"_s);

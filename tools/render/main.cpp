@@ -25,6 +25,10 @@
 #include <QStringList>
 #include <cstdio>
 #include <optional>
+#ifdef Q_OS_WIN
+#include <fcntl.h>
+#include <io.h>
+#endif
 
 namespace {
 
@@ -206,6 +210,11 @@ int run(const Options &o)
 
 int main(int argc, char **argv)
 {
+#ifdef Q_OS_WIN
+    // The bytes as composed: a text-mode stream would add a carriage return
+    // before every line feed.
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
     QCoreApplication app(argc, argv);
     try {
         return run(parse(QCoreApplication::arguments()));

@@ -6,8 +6,7 @@
 
 #ifdef Q_OS_WIN
 #include "core/ui/dialogs.h"
-
-#include <ActiveQt/QAxObject>
+#include "document/ui/word_application.h"
 #endif
 
 namespace lumetra {
@@ -16,30 +15,20 @@ void fin_elaborazione::esporta_su_word()
 {
 #ifdef Q_OS_WIN
     copia(EditF2);
-
     // Any failure of the automation ends the sequence with the one message;
-    // the clipboard keeps the text for pasting by hand.
-    QAxObject word(QStringLiteral("Word.Application"));
-    bool failed = word.isNull();
-    QObject::connect(&word, &QAxObject::exception, &word, [&failed] { failed = true; });
-    QAxObject *added = nullptr;
-    QAxObject *range = nullptr;
-    // The names in the program's own case; automation looks them up ignoring it.
-    if (!failed)
-        word.dynamicCall("visible", true);
-    QAxObject *docs = failed ? nullptr : word.querySubObject("Documents");
-    failed = failed || !docs;
-    if (!failed)
-        added = docs->querySubObject("Add");
-    failed = failed || !added;
-    if (!failed)
-        range = added->querySubObject("range");
-    failed = failed || !range;
-    if (!failed)
-        range->dynamicCall("Paste");
-    if (failed)
+    // the clipboard keeps the text for pasting by hand. Word stays open with
+    // the new document: only our references are released.
+    try {
+        WordApplication word;
+        word.assign(QStringLiteral("visible"), true);
+        const OLEObject docs = word.lookup(QStringLiteral("Documents"));
+        const OLEObject added = docs.lookup(QStringLiteral("Add"));
+        const WordDocument doc(added);
+        const OLEObject r = doc.lookup(QStringLiteral("range"));
+        r.call(QStringLiteral("Paste"));
+    } catch (const OLEException &) {
         dialogs().messageBox(QStringLiteral("Errore con Microsoft Word!"));
-        // Word stays open with the new document; only our reference is released.
+    }
 #endif
 }
 

@@ -5,6 +5,8 @@
 #   --regenerate  what regenerating committed files needs: LibreOffice for the
 #                 RTF fixtures (make-rtf-fixtures.sh), an SVG renderer for the
 #                 icons (make-icons.sh)
+#   --windows     what cross-building for Windows and testing it under Wine
+#                 need (scripts/windows.sh)
 set -euo pipefail
 
 packages=(
@@ -27,6 +29,15 @@ for option in "$@"; do
       ;;
     --regenerate)
       packages+=(libreoffice-writer-nogui librsvg2-bin)
+      ;;
+    --windows)
+      # MinGW-w64 with the posix thread model, which Qt needs; Debian's
+      # GoogleTest source, built for Windows; Wine runs the programs and the
+      # tests; NSIS makes the installer, icotool its icon, zip the portable
+      # copy; xz unpacks Qt, flock guards the Wine prefix, perl runs Qt's
+      # configure when Qt is built from its source.
+      packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 nsis icoutils zip xz-utils
+        util-linux perl)
       ;;
     *)
       echo "unknown option: $option" >&2

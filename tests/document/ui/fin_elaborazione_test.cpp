@@ -112,6 +112,14 @@ TEST_F(Elaborazione, OpensWithTheDocumentStyledTwiceAndClosesBackToTheMainWindow
     }
 }
 
+// The bill file has the same bytes on every system: the golden bill, opened and saved again, is the golden file.
+TEST_F(Elaborazione, TheGoldenBillSavedAgainIsTheSameFile)
+{
+    fake.saveAnswers = {folderPath(q("copia.qX9"))};
+    App::instance()->ArchivioRegistracome_Action();
+    EXPECT_EQ(readBytes(folderPath(q("copia.qX9"))), readBytes(goldenPath(q("parcella.qX9"))));
+}
+
 // What is copied, saved and printed is what EditF holds; a cancelled print leaves no trace.
 TEST_F(Elaborazione, RegistraRtfAndStampaTakeWhatEditFHolds)
 {

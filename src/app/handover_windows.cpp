@@ -53,18 +53,21 @@ QString windowsServerName()
     return QStringLiteral("lumetra-%1-%2").arg(userSid(self)).arg(sessionOf(self));
 }
 
-bool windowsPeerIsUs(const QLocalSocket &socket, bool weListen)
+bool windowsPeerIsUs(const QLocalSocket &socket)
 {
     const auto pipe = reinterpret_cast<HANDLE>(socket.socketDescriptor());
     if (pipe == INVALID_HANDLE_VALUE || !pipe)
         return false;
-    ULONG peer = 0;
-    const BOOL known = weListen ? GetNamedPipeClientProcessId(pipe, &peer) : GetNamedPipeServerProcessId(pipe, &peer);
-    if (!known || peer == 0)
+    // The other end: the client when this process is the server, else the
+    // server (in one process, as in the tests, both ends are this process).
+    ULONG server = 0;
+    ULONG client = 0;
+    if (!GetNamedPipeServerProcessId(pipe, &server) || !GetNamedPipeClientProcessId(pipe, &client))
         return false;
     const DWORD self = GetCurrentProcessId();
+    const ULONG peer = server == self ? client : server;
     const QString ours = userSid(self);
-    return !ours.isEmpty() && userSid(peer) == ours && sessionOf(peer) == sessionOf(self);
+    return peer != 0 && !ours.isEmpty() && userSid(peer) == ours && sessionOf(peer) == sessionOf(self);
 }
 
 } // namespace lumetra

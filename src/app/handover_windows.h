@@ -13,8 +13,8 @@ namespace lumetra {
 // one user (a remote desktop beside the console), never meet.
 QString windowsServerName();
 
-// The process at the other end of a connected pipe (its client when this end
-// listens, else its server) runs as this process's user, in its session.
-bool windowsPeerIsUs(const QLocalSocket &socket, bool weListen);
+// The process at the other end of a connected pipe runs as this process's
+// user, in this process's session.
+bool windowsPeerIsUs(const QLocalSocket &socket);
 
 } // namespace lumetra

@@ -5,8 +5,6 @@
 #include "core/ui/handler_guard.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
-#include <QDir>
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -32,20 +30,7 @@ DocumentHandover::DocumentHandover(const QString &name, QObject *parent) : QObje
     connect(&m_retry, &QTimer::timeout, this, &DocumentHandover::openWaiting);
 }
 
-QString DocumentHandover::serverName()
-{
-    const QString folder = privateFolder();
-    if (folder.isEmpty())
-        return {};
-    // The graphical session is told by its display; without one (a text
-    // console), by the login session. The folder is the user's own.
-    QString session = qEnvironmentVariable("WAYLAND_DISPLAY") + QLatin1Char('|') + qEnvironmentVariable("DISPLAY");
-    if (session.size() == 1)
-        session = qEnvironmentVariable("XDG_SESSION_ID");
-    const QString tag
-        = QString::fromLatin1(QCryptographicHash::hash(session.toUtf8(), QCryptographicHash::Sha1).toHex().left(12));
-    return QDir(folder).filePath(QStringLiteral("lumetra-%1").arg(tag));
-}
+QString DocumentHandover::serverName() { return rendezvousName(); }
 
 DocumentHandover::Esito DocumentHandover::consegna(const QStringList &documents, int timeoutMs) const
 {
@@ -149,7 +134,7 @@ DocumentHandover::Avvio DocumentHandover::avvia(const QStringList &documents)
         qCDebug(logHandover) << "no folder of this user's own for the hand-over: this start runs on its own";
         return Avvio::DaSolo;
     }
-    QLockFile lock(m_name + QStringLiteral(".lock"));
+    QLockFile lock(rendezvousLock(m_name));
     // The lock of a start that died holding it is taken over; one that is
     // held for longer than a start takes is not waited for.
     lock.tryLock(15000);

@@ -1,9 +1,10 @@
 #pragma once
 // One program per user and graphical session. The program that runs first
 // listens on a local socket named after the session, in a folder only its user
-// can enter; a second start of the same user hands its documents to it, or
-// asks it to come to the front, and ends. Documents that arrive while a modal
-// window is open wait, in order, until it has closed.
+// can enter (on Windows a named pipe named after the user and the session,
+// open to that user alone); a second start of the same user hands its
+// documents to it, or asks it to come to the front, and ends. Documents that
+// arrive while a modal window is open wait, in order, until it has closed.
 
 #include <QObject>
 #include <QStringList>
@@ -23,8 +24,9 @@ public:
     // this start runs on its own.
     explicit DocumentHandover(const QString &name = serverName(), QObject *parent = nullptr);
 
-    // The socket for this user and graphical session, in a folder only this
-    // user can enter (privateFolder()); empty when there is no such folder.
+    // The rendezvous of this user and graphical session (rendezvousName()):
+    // a socket in a folder only this user can enter, on Windows a named pipe;
+    // empty when there is no such folder.
     static QString serverName();
 
     enum class Esito {

@@ -12,7 +12,13 @@
 #include <future>
 #include <mutex>
 #include <thread>
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+#include <QLocalSocket>
+#include <QRegularExpression>
+#include <windows.h>
+
+#include <aclapi.h>
+#else
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -113,16 +119,18 @@ TEST_F(Handover, ADocumentThatCannotBeOpenedIsToldAndTheBillStays)
     avvia(first);
     first.openDocument = [](const QString &d) { App::instance()->Event_OpenDocument(d); };
     digita(EditField1, u("Causa in corso"));
-    // What no reader may take: a FIFO on Unix, a folder anywhere.
+    // What no reader may take: a FIFO; on Windows, which has none, a folder.
 #ifdef Q_OS_UNIX
     mkfifo(folderPath(u("tubo.qX9")).toLocal8Bit().constData(), 0600);
+    const QString rifiuto = u("non è un file regolare");
 #else
     QDir(dir.path()).mkdir(u("tubo.qX9"));
+    const QString rifiuto = u("è una cartella");
 #endif
     secondoAvvio({folderPath(u("nome-sbagliato.qX9")), folderPath(u("tubo.qX9"))});
     EXPECT_EQ(fake.messages,
               (QStringList{u("Impossibile aprire il documento nome-sbagliato.qX9:\ril file non esiste."),
-                           u("Impossibile aprire il documento tubo.qX9:\rnon è un file regolare.")}));
+                           u("Impossibile aprire il documento tubo.qX9:\r%1.").arg(rifiuto)}));
     EXPECT_TRUE(EditField1->Text() == u("Causa in corso") && globali().modificato && globali().nome_attuale.isEmpty());
     // The documents a start names: absolute paths, options left out.
     EXPECT_EQ(documentArguments({u("lumetra"), u("Causa.qX9"), u("--style=fusion"), u("/srv/Bozza.qX9")}),
@@ -302,23 +310,89 @@ TEST_F(Handover, BothEndsTalkOnlyToTheirOwnUser)
 
 #endif // Q_OS_UNIX
 
+#ifdef Q_OS_WIN
+
+// The pipe is named after the user and the session, so that two never share one; its lock lies in a folder of the
+// user's own; and the pipe a program listens on lets in this user alone.
+TEST_F(Handover, OnWindowsThePipeIsTheUsersAndTheSessionsAndOpenToThemAlone)
+{
+    DWORD session = 0;
+    ASSERT_TRUE(ProcessIdToSessionId(GetCurrentProcessId(), &session));
+    const QString rendezvous = DocumentHandover::serverName();
+    EXPECT_TRUE(QRegularExpression(u("^lumetra-S-1-5-[0-9-]+-%1$").arg(session)).match(rendezvous).hasMatch())
+        << rendezvous.toStdString();
+    const QString lock = rendezvousLock(rendezvous);
+    EXPECT_TRUE(lock.endsWith(u("/Lumetra/") + rendezvous + u(".lock"))) << lock.toStdString();
+    EXPECT_TRUE(isPrivateFolder(QFileInfo(lock).path()));
+    EXPECT_FALSE(isPrivateFolder(folderPath(u("nessuna"))));
+
+    DocumentHandover first(name());
+    avvia(first);
+    const std::wstring pipeName = (u("\\\\.\\pipe\\") + name()).toStdWString();
+    HANDLE pipe = CreateFileW(pipeName.c_str(), GENERIC_READ | READ_CONTROL, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    PACL dacl = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_EQ(GetSecurityInfo(pipe, SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &dacl, nullptr,
+                              &descriptor),
+              DWORD(ERROR_SUCCESS));
+    CloseHandle(pipe);
+    // One entry, that lets in the user of this process.
+    HANDLE token = nullptr;
+    ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+    alignas(TOKEN_USER) char user[256];
+    DWORD size = sizeof user;
+    ASSERT_TRUE(GetTokenInformation(token, TokenUser, user, size, &size));
+    CloseHandle(token);
+    ASSERT_TRUE(dacl);
+    EXPECT_EQ(dacl->AceCount, 1);
+    void *ace = nullptr;
+    ASSERT_TRUE(GetAce(dacl, 0, &ace));
+    EXPECT_EQ(static_cast<ACE_HEADER *>(ace)->AceType, ACCESS_ALLOWED_ACE_TYPE);
+    EXPECT_TRUE(
+        EqualSid(&static_cast<ACCESS_ALLOWED_ACE *>(ace)->SidStart, reinterpret_cast<TOKEN_USER *>(user)->User.Sid));
+    LocalFree(descriptor);
+}
+
+#endif // Q_OS_WIN
+
 // Five starts at the same moment, each with a bill, as a desktop opening five bills at once: one program runs,
 // and it opens all five.
 TEST_F(Handover, FiveStartsAtOnceGiveOneProgramThatOpensEveryBill)
 {
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(u("QT_QPA_PLATFORM"), u("offscreen"));
+    env.insert(u("QT_LOGGING_RULES"), u("lumetra.handover.debug=true"));
+    env.insert(u("QT_FORCE_STDERR_LOGGING"), u("1")); // else a Windows program logs to its debugger
+#ifdef Q_OS_WIN
+    // The rendezvous is named by the system after this user and session, and no variable moves it: a program of
+    // this user's that runs here would take the bills.
+    {
+        QLocalSocket probe;
+        probe.connectToServer(DocumentHandover::serverName());
+        if (probe.waitForConnected(500))
+            GTEST_SKIP() << "a program of this user runs in this session";
+    }
+    // A portable copy of the program, its user data beside it.
+    QDir(dir.path()).mkdir(u("programma"));
+    for (const char *file : {"lumetra.exe", "tariffe_database.txt"})
+        ASSERT_TRUE(QFile::copy(QStringLiteral(LUMETRA_BIN_DIR "/") + QLatin1StringView(file),
+                                folderPath(u("programma/") + QLatin1StringView(file))));
+    writeFile(u("programma/utenza.txt"), "\nAvv. Tizio Caio\n");
+    const QString program = folderPath(u("programma/lumetra.exe"));
+#else
     QDir(dir.path()).mkpath(u("casa/.local/share/lumetra"));
     QDir(dir.path()).mkdir(u("run"));
     ASSERT_EQ(chmod(folderPath(u("run")).toLocal8Bit().constData(), 0700), 0);
     writeFile(u("casa/.local/share/lumetra/utenza.txt"), "\nAvv. Tizio Caio\n");
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "TMPDIR"})
         env.remove(QString::fromLatin1(name));
     env.insert(u("HOME"), folderPath(u("casa")));
     env.insert(u("XDG_RUNTIME_DIR"), folderPath(u("run")));
     env.insert(u("XDG_SESSION_ID"), u("prova"));
     env.insert(u("USER"), u("prova"));
-    env.insert(u("QT_QPA_PLATFORM"), u("offscreen"));
-    env.insert(u("QT_LOGGING_RULES"), u("lumetra.handover.debug=true"));
+    const QString program = QStringLiteral(LUMETRA_BIN_DIR "/lumetra");
+#endif
 
     std::vector<std::unique_ptr<QProcess>> starts;
     QStringList bills;
@@ -329,7 +403,7 @@ TEST_F(Handover, FiveStartsAtOnceGiveOneProgramThatOpensEveryBill)
     for (const QString &bill : bills) {
         starts.push_back(std::make_unique<QProcess>());
         starts.back()->setProcessEnvironment(env);
-        starts.back()->start(QStringLiteral(LUMETRA_BIN_DIR "/lumetra"), {bill});
+        starts.back()->start(program, {bill});
     }
     // Four hand over and end; the one that runs opens the five. Slow machines and sanitizers take their time.
     QByteArray log;

@@ -71,18 +71,19 @@ TEST(Render, ExitStatuses)
     ASSERT_TRUE(QDir(dir.path()).mkdir(u"cartella.qX9"_s));
     std::vector<std::tuple<int, QString, const char *>> cases = {
         {5, dir.filePath(u"b.qX9"_s), "Errore imprevisto"},
-        {5, cartella, "cartella.qX9: non è un file regolare"},
-        {3, cartella, "cartella.qX9: non è un file regolare"},
-        {1, cartella, "cartella.qX9: non è un file regolare"},
+        {5, cartella, "cartella.qX9: è una cartella"},
+        {3, cartella, "cartella.qX9: è una cartella"},
+        {1, cartella, "cartella.qX9: è una cartella"},
     };
 #ifdef Q_OS_UNIX
     // FIFOs and devices are Unix's.
     const QString tubo = dir.filePath(u"tubo.qX9"_s);
     ASSERT_EQ(mkfifo(tubo.toLocal8Bit().constData(), 0600), 0);
-    cases.insert(cases.end(), {{5, tubo, "tubo.qX9: non è un file regolare"},
-                               {5, u"/dev/zero"_s, "/dev/zero: non è un file regolare"},
-                               {3, tubo, "tubo.qX9: non è un file regolare"},
-                               {1, tubo, "tubo.qX9: non è un file regolare"}});
+    cases.insert(cases.end(),
+                 {{5, tubo, "tubo.qX9: non è un file regolare"},
+                  {5, u"/dev/zero"_s, "/dev/zero: non è un file regolare"},
+                  {3, tubo, "tubo.qX9: non è un file regolare"},
+                  {1, tubo, "tubo.qX9: non è un file regolare"}});
 #endif
     for (const auto &[index, file, message] : cases) {
         QStringList args = exampleBill(u"bill"_s);

@@ -10,7 +10,7 @@ version=$3
 app_id=it.lumetra.Lumetra
 bill_type=application/x-lumetra-parcella
 
-for tool in cmake cmp od desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
+for tool in cmake cmp od gzip desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
     if ! command -v "$tool" >/dev/null; then
         echo "$tool is missing: run scripts/install-deps.sh --tests" >&2
         exit 1
@@ -48,6 +48,8 @@ check_tree() {
         share/metainfo/$app_id.metainfo.xml
         share/mime/packages/lumetra-parcella.xml
         share/icons/hicolor/scalable/apps/$app_id.svg
+        share/doc/lumetra/copyright
+        share/doc/lumetra/changelog.Debian.gz
     )
     local size
     for size in 16 22 24 32 48 64 128 256; do
@@ -152,6 +154,18 @@ check_first_start() {
     [ "$(cd "$usr" && find . | sort)" = "$before" ] || fault "the program wrote into the installed tree"
 }
 
+# What Debian asks of a package's documentation: the copyright file in its
+# machine-readable form, and a changelog whose newest entry is this version.
+check_debian_doc() {
+    local doc=$usr/share/doc/lumetra
+    local format=https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/ changelog
+    [ "$(sed -n 1p "$doc/copyright")" = "Format: $format" ] ||
+        fault "the copyright file is not in Debian's machine-readable format"
+    changelog=$(gzip -dc "$doc/changelog.Debian.gz") || fault "changelog.Debian.gz is no gzip file"
+    [[ ${changelog%%$'\n'*} == "lumetra ($version-"* ]] ||
+        fault "the newest changelog entry is '${changelog%%$'\n'*}', the project is $version"
+}
+
 check_metainfo() {
     local metainfo=$usr/share/metainfo/$app_id.metainfo.xml report
     # The whole tree, so that the desktop entry the metainfo names is looked
@@ -168,7 +182,7 @@ echo "installing $build into $work/root"
 DESTDIR=$work/root cmake --install "$build" --prefix /usr >/dev/null
 
 # check_tree comes first, as update-mime-database adds its caches to the tree.
-steps=(check_tree check_first_start check_desktop_entry check_mime_type check_metainfo)
+steps=(check_tree check_first_start check_desktop_entry check_mime_type check_debian_doc check_metainfo)
 for step in "${steps[@]}"; do
     before=$faults
     echo "$step"

@@ -17,9 +17,9 @@ for option in "$@"; do
     --tests)
       # GoogleTest; the formatting check; an X server for the tests of real
       # windows; the PDF reader of the printing test; the checkers of the
-      # installed desktop entry, MIME type and AppStream metadata.
+      # installed desktop entry, MIME type, AppStream metadata and manual pages.
       packages+=(libgtest-dev git clang-format xvfb xauth xdotool poppler-utils
-        desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
+        desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream man-db)
       ;;
     --package)
       # dpkg-shlibdeps works out the package's dependencies.

@@ -10,7 +10,7 @@ version=$3
 app_id=it.lumetra.Lumetra
 bill_type=application/x-lumetra-parcella
 
-for tool in cmake cmp od gzip desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
+for tool in cmake cmp od gzip man desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
     if ! command -v "$tool" >/dev/null; then
         echo "$tool is missing: run scripts/install-deps.sh --tests" >&2
         exit 1
@@ -50,6 +50,8 @@ check_tree() {
         share/icons/hicolor/scalable/apps/$app_id.svg
         share/doc/lumetra/copyright
         share/doc/lumetra/changelog.Debian.gz
+        share/man/man1/lumetra.1.gz
+        share/man/man1/lumetra-render.1.gz
     )
     local size
     for size in 16 22 24 32 48 64 128 256; do
@@ -155,8 +157,9 @@ check_first_start() {
 }
 
 # What Debian asks of a package's documentation: the copyright file in its
-# machine-readable form, and a changelog whose newest entry is this version.
-check_debian_doc() {
+# machine-readable form, a changelog whose newest entry is this version, and
+# manual pages that man renders without a warning (lintian's own check).
+check_documentation() {
     local doc=$usr/share/doc/lumetra
     local format=https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/ changelog
     [ "$(sed -n 1p "$doc/copyright")" = "Format: $format" ] ||
@@ -164,6 +167,12 @@ check_debian_doc() {
     changelog=$(gzip -dc "$doc/changelog.Debian.gz") || fault "changelog.Debian.gz is no gzip file"
     [[ ${changelog%%$'\n'*} == "lumetra ($version-"* ]] ||
         fault "the newest changelog entry is '${changelog%%$'\n'*}', the project is $version"
+    local page report
+    for page in "$usr"/share/man/man1/*.1.gz; do
+        report=$(LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null) ||
+            fault "man cannot render $(basename "$page"): $report"
+        [ -z "$report" ] || fault "man warns on $(basename "$page"): $report"
+    done
 }
 
 check_metainfo() {
@@ -182,7 +191,7 @@ echo "installing $build into $work/root"
 DESTDIR=$work/root cmake --install "$build" --prefix /usr >/dev/null
 
 # check_tree comes first, as update-mime-database adds its caches to the tree.
-steps=(check_tree check_first_start check_desktop_entry check_mime_type check_debian_doc check_metainfo)
+steps=(check_tree check_first_start check_desktop_entry check_mime_type check_documentation check_metainfo)
 for step in "${steps[@]}"; do
     before=$faults
     echo "$step"

@@ -1,4 +1,5 @@
 #include "app/app.h"
+#include "app/command_line.h"
 #include "app/document_handover.h"
 #include "core/ui/handler_guard.h"
 #include "editor/ui/finestra.h"
@@ -9,6 +10,8 @@
 int main(int argc, char **argv)
 {
     using namespace lumetra;
+    if (const auto esito = rispondiRigaDiComando(argc, argv))
+        return *esito;
     App app(argc, argv);
     try {
         const QStringList documents = documentArguments(App::arguments());

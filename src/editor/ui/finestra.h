@@ -126,6 +126,8 @@ protected:
 
 private:
     void creaControlli();
+    // What a screen reader speaks for each control.
+    void nominaControlli();
     void collegaHandler();
     void ordinaTabulazione();
     // The end of the typing of a personal amount: the cell is a ticked box again.

@@ -40,6 +40,7 @@ fin_aiuto::fin_aiuto()
     font.setPixelSize(18);
     EditF->setFont(font);
     EditF->document()->setDocumentMargin(10);
+    EditF->setAccessibleName(windowTitle()); // it holds the manual the title names
     EditF_Open(EditF);
 }
 

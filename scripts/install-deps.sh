@@ -16,9 +16,10 @@ for option in "$@"; do
   case "$option" in
     --tests)
       # GoogleTest; the formatting check; an X server for the tests of real
-      # windows; the PDF reader of the printing test; the checkers of the
-      # installed desktop entry, MIME type, AppStream metadata and manual pages.
-      packages+=(libgtest-dev git clang-format xvfb xauth xdotool poppler-utils
+      # windows and the tools that drive and read them; the PDF reader of the
+      # printing test; the checkers of the installed desktop entry, MIME type,
+      # AppStream metadata and manual pages.
+      packages+=(libgtest-dev git clang-format xvfb xauth xdotool x11-utils poppler-utils
         desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream man-db)
       ;;
     --package)

@@ -67,6 +67,8 @@ TEST_F(Commands, SaveNewAndReopenBringTheBillBack)
     EXPECT_TRUE(!globali().modificato && registraAttivo());
     app().ArchivioRegistra_Action();
     EXPECT_EQ(readBytes(path), saved);
+    // Both dialogs offer the bills by a name a user reads.
+    EXPECT_EQ(fake.filters, QStringList(2, u("Parcella Lumetra (*.qX9)")));
 }
 
 TEST_F(Commands, GuardAnsweredBothWays)

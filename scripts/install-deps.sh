@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building and running Lumetra need on Debian 12, and with
 #   --tests       what the test suite needs
-#   --package     what building the Debian package needs
+#   --package     what building the Debian package and checking it need
 #   --regenerate  what regenerating committed files needs: LibreOffice for the
 #                 RTF fixtures (make-rtf-fixtures.sh), an SVG renderer for the
 #                 icons (make-icons.sh)
@@ -23,8 +23,9 @@ for option in "$@"; do
         desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream man-db)
       ;;
     --package)
-      # dpkg-shlibdeps works out the package's dependencies.
-      packages+=(dpkg-dev)
+      # dpkg-shlibdeps works out the package's dependencies and dpkg-buildflags
+      # gives Debian's build flags; lintian checks the package as Debian does.
+      packages+=(dpkg-dev lintian)
       ;;
     --regenerate)
       packages+=(libreoffice-writer-nogui librsvg2-bin)

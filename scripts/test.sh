@@ -3,7 +3,8 @@
 # benchmarks with warnings as errors under AddressSanitizer and UBSan (at -O2,
 # so the optimiser's warnings are seen too) and runs the whole suite through
 # CTest; then builds the Debian package from a clean Release build, warnings as
-# errors. --quick stops after the suite.
+# errors, and has lintian check it as Debian checks its own: no error and no
+# warning. --quick stops after the suite.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh --tests --package
@@ -19,4 +20,6 @@ ctest --preset check -j "$(nproc)"
 if [ "${1:-}" != "--quick" ]; then
   echo "== Release: the Debian package"
   bash scripts/package.sh -DLUMETRA_WERROR=ON
+  echo "== lintian"
+  lintian --display-info --fail-on error,warning build-package/lumetra_*.deb
 fi

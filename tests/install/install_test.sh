@@ -52,6 +52,7 @@ check_tree() {
         share/icons/hicolor/scalable/mimetypes/$bill_icon.svg
         share/doc/lumetra/copyright
         share/doc/lumetra/changelog.Debian.gz
+        share/lintian/overrides/lumetra
         share/man/man1/lumetra.1.gz
         share/man/man1/lumetra-render.1.gz
     )

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what building and running Lumetra need on Debian 12, and with
 #   --tests       what the test suite needs
 #   --package     what building the Debian package and checking it need

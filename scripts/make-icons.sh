@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Renders the PNG icons of packaging/icons/hicolor from the scalable SVGs, the
 # program's and its bill type's, with rsvg-convert (librsvg2-bin). Run it after
 # changing an SVG and commit the PNGs: the build itself needs no SVG tool.

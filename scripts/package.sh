@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package of Lumetra from a clean Release build in
 # build-package/, without tests or benchmarks, with the flags Debian builds its
 # own packages with (dpkg-buildflags: fortified functions, stack protector,

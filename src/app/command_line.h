@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's own command line, read before Qt starts, so that --help,
 // --version and a mistyped option are answered without a display and without

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "advance/ui/fin_acconto.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"

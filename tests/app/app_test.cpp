@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/app.h"
 #include "app/menubar.h"
 #include "core/bill_file.h"

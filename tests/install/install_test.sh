@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the build under /usr in a temporary DESTDIR and checks what a desktop
 # gets from it: the file tree, the program's first start, the menu entry, the
 # bill type and the AppStream metadata. Each check is one step; a step reports every fault it finds.

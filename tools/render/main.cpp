@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // lumetra-render: turns a saved bill into the document the program would
 // compose for it, as text, RTF, style map, bill list or tariff listing.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What assistive tools (screen readers) are told of the program's controls:
 // each control a user can reach has a name to speak, and that name says what

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/ui/fin_aiuto.h"
 
 #include "help/istruzioni.h"

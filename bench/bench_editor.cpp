@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time from a keystroke in EditQuantum or EditCerca to both lists rebuilt
 // (handler, listing, bill view and the fill of the two lists), with the
 // shipped tariff and with a generated one of 20,000 rows, of which one

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time of Crea_testo for a bill of 50 items in a tariff of 300 rows, both kinds
 // of document. Prints the median and the mean of many runs.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time of one lumetra-render run, process start included, over the shipped
 // tariff: load the tariff and the user data, open a bill, compose its RTF.
 // The tool is meant for batches, so its start-up counts.

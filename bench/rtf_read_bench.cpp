@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time of SetRTFData for the writer's RTF of long documents: 2 000, 16 000 and
 // 20 000 paragraphs of bill text with headings, italics, money lines and
 // accented letters. Prints the median of several runs for each size; exits 1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes through the RTF reader: it must neither crash nor read outside the
 // data. The one failure it reports (text before the first \f of a font table)
 // is an UnhandledFailure; anything else thrown ends the run as a finding.

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what building and running Lumetra need on Debian 12, and with
 #   --tests       what the test suite needs
-#   --package     what building the Debian package needs
+#   --package     what building the Debian package and checking it need
 #   --regenerate  what regenerating committed files needs: LibreOffice for the
 #                 RTF fixtures (make-rtf-fixtures.sh), an SVG renderer for the
 #                 icons (make-icons.sh)
@@ -18,14 +19,16 @@ for option in "$@"; do
   case "$option" in
     --tests)
       # GoogleTest; the formatting check; an X server for the tests of real
-      # windows; the PDF reader of the printing test; the checkers of the
-      # installed desktop entry, MIME type and AppStream metadata.
-      packages+=(libgtest-dev git clang-format xvfb xauth xdotool poppler-utils
-        desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream)
+      # windows and the tools that drive and read them; the PDF reader of the
+      # printing test; the checkers of the installed desktop entry, MIME type,
+      # AppStream metadata and manual pages.
+      packages+=(libgtest-dev git clang-format xvfb xauth xdotool x11-utils poppler-utils
+        desktop-file-utils shared-mime-info libglib2.0-bin libxml2-utils appstream man-db)
       ;;
     --package)
-      # dpkg-shlibdeps works out the package's dependencies.
-      packages+=(dpkg-dev)
+      # dpkg-shlibdeps works out the package's dependencies and dpkg-buildflags
+      # gives Debian's build flags; lintian checks the package as Debian does.
+      packages+=(dpkg-dev lintian)
       ;;
     --regenerate)
       packages+=(libreoffice-writer-nogui librsvg2-bin)

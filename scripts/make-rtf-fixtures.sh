@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Regenerates the RTF fixtures of tests/data/rtf from the documents in
 # tests/data/rtf/sources, with LibreOffice Writer (libreoffice-writer-nogui).
 # The produced files are committed, so the tests need no LibreOffice.

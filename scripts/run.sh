@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is needed, builds the program alone (no test, benchmark or
 # tool) into build/, and starts it.
 set -euo pipefail

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Dependencies point one way: app -> windows -> logic -> core. This script
 # fails on the first #include that goes against that direction:
 # - core includes only core (its small shared widgets included);

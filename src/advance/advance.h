@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The advance calculator's arithmetic: from the net advance to the gross sum
 // the client pays, and back, with C.P.A. (4%) and I.V.A. (21%) in between. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/app.h"
 
 #include "advance/ui/fin_acconto.h"
@@ -9,6 +10,7 @@
 #include "core/globali.h"
 #include "core/paths.h"
 #include "core/quit.h"
+#include "core/ui/accessibile.h"
 #include "core/ui/dialogs.h"
 #include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
@@ -51,6 +53,7 @@ App::App(int &argc, char **argv) : QApplication(argc, argv)
     loadTranslations();
     // The windows hand the failures of their handlers to the one handler.
     failureHandler() = &App::reportFailure;
+    installaAccessibilita();
 }
 
 App *App::instance() { return static_cast<App *>(QCoreApplication::instance()); }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The application object: start-up, the menu actions, opening and saving
 // bills, and the one handler of failures that nothing else handles. It is the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/document_handover.h"
 
 #include "app/same_user.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One program per user and graphical session. The program that runs first
 // listens on a local socket named after the session, in a folder only its user

@@ -1,4 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/app.h"
+#include "app/command_line.h"
 #include "app/document_handover.h"
 #include "core/ui/handler_guard.h"
 #include "editor/ui/finestra.h"
@@ -9,6 +11,8 @@
 int main(int argc, char **argv)
 {
     using namespace lumetra;
+    if (const auto esito = rispondiRigaDiComando(argc, argv))
+        return *esito;
     App app(argc, argv);
     try {
         const QStringList documents = documentArguments(App::arguments());

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // MenuBar1: "Archivio", "Modifica", "Aiuto". Items carry their names as
 // objectName; the actions of "Archivio" and "Aiuto" are App's, the items of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The hand-over between two starts talks to the same user only. What that
 // takes depends on the system, and stands here alone: the folder where the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bill document (".qX9"): the head of the bill, the two options, and
 // columns 0, 53, 54, 55 of every tariff row, matched by position.

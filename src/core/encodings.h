@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The byte encodings of the program's files: Mac Roman for the tariff, the user
 // data and bills; Windows-1252 for RTF that declares it. Qt 6 has neither codec.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A failure nothing in the program handles: a read past column 55, a store out
 // of range, a file that cannot be created. It reaches the application's one

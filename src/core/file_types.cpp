@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/file_types.h"
 
 #include "core/text_functions.h"
@@ -7,21 +8,22 @@ namespace lumetra {
 QString FileType::filter() const
 {
     if (Extensions.isEmpty())
-        return Name + QStringLiteral(" (*)");
-    return Name + QStringLiteral(" (*") + Extensions + QStringLiteral(")");
+        return descrizione + QStringLiteral(" (*)");
+    return descrizione + QStringLiteral(" (*") + Extensions + QStringLiteral(")");
 }
 
 namespace FileTypes {
 
 const FileType &TextRtf()
 {
-    static const FileType t{QStringLiteral("text/rtf"), QStringLiteral(".rtf")};
+    static const FileType t{QStringLiteral("text/rtf"), QStringLiteral(".rtf"), QStringLiteral("Documento RTF")};
     return t;
 }
 
 const FileType &qRX9Lumetra()
 {
-    static const FileType t{QStringLiteral("qRX9/qxlumetra"), QStringLiteral(".qX9")};
+    static const FileType t{QStringLiteral("qRX9/qxlumetra"), QStringLiteral(".qX9"),
+                            QStringLiteral("Parcella Lumetra")};
     return t;
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The file types of the file dialogs: the bill and the RTF export.
 
@@ -8,8 +9,10 @@ namespace lumetra {
 struct FileType {
     QString Name;
     QString Extensions;
+    // What a file dialog calls the type: the Name is a code, not words a user reads.
+    QString descrizione;
 
-    // The filter string of a file dialog.
+    // The filter string of a file dialog: "Parcella Lumetra (*.qX9)".
     QString filter() const;
 };
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's global state. Windows read and write it directly; the logic
 // functions take what they need of it as arguments, so tests build their own.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's messages for a support request: where its files came from and
 // what the hand-over between two starts did. They are debug messages, silent

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the program's files live. Data shipped with the program (the tariff,
 // the manual) can lie in a folder the user cannot write; the user's own files

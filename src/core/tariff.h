@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tariff table `dati`: rows 1..dati_contatore of 56 text columns. Columns
 // 1-52 come from tariffe_database.txt; 0, 53, 54, 55 hold the state of the bill.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The conversions on which every rule of the program rests: the tariff and the
 // bill are text, and every figure is turned into text and back at each use.

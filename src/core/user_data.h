@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // utenza.txt: the lawyer's particulars, nine lines.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The filter of the fields that take a sum (the value of the dispute, the
 // advance calculator): it judges the last character alone, so a comma typed

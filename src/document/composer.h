@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Crea_testo: the whole text of a "Nota spese - Competenze" (elab 0) or a
 // "Fattura" (elab 1) from the bill, with all its arithmetic.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The styled text builder: lays the fonts, sizes, styles and alignments of the
 // style map over the composed plain text.

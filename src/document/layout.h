@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The column layout of a composed document. Money lines are set for a
 // monospaced font by character count, 91 columns: 55 for the description

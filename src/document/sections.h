@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The item lines of a document: the three fee sections and the two kinds of
 // advance. Both read the bill state of the tariff table (columns 0, 53, 54,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // sty_f: the style map of a composed document. Row r (0-6) is block r: column 0
 // its first paragraph, column 1 its last; column 2 of rows 0-2 the last

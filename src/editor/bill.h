@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bill: the tariff rows whose selection state is not zero, priced in the
 // band of the value of the dispute; the pick that puts a row on it; and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The menus of the main window. Their entries are the keys of the tariff file
 // (columns 1 and 2), so they must match it letter for letter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a list shows in one cell: the two lists of the main window are views
 // rebuilt from these descriptions, so the rules that fill them stay testable

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tariff listing: the rows of the chosen category and sub-category whose
 // item text holds the search text, each shown in the band of the value of the

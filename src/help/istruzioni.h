@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The user's manual, istruzioni.rtf, shipped with the program. It is read from
 // the disk once a run; the help window parses it each time it opens.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading RTF into a StyledText: one pass over the bytes with a stack of style
 // states. It understands a handful of control words; a group that begins with

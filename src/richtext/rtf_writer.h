@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's own RTF writer. Its output is fixed to the byte: one top-level
 // group, code page 256 (Unicode), font and colour tables in order of first use,

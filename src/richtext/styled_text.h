@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Text with style runs and paragraphs: the model behind the output window, the
 // RTF writer and the RTF reader. Character 13 ends a paragraph; a paragraph

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/app.h"
 #include "app/menubar.h"
 #include "core/bill_file.h"
@@ -67,6 +68,8 @@ TEST_F(Commands, SaveNewAndReopenBringTheBillBack)
     EXPECT_TRUE(!globali().modificato && registraAttivo());
     app().ArchivioRegistra_Action();
     EXPECT_EQ(readBytes(path), saved);
+    // Both dialogs offer the bills by a name a user reads.
+    EXPECT_EQ(fake.filters, QStringList(2, u("Parcella Lumetra (*.qX9)")));
 }
 
 TEST_F(Commands, GuardAnsweredBothWays)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a desktop user expects of the main window: the keyboard leaves the
 // lists, a bill dropped on the window opens, the dialogs speak Italian and
 // open where the user works.

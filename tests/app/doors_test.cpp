@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One door for every file the program reads: a FIFO (on Windows, which has
 // none, a folder), wherever it comes in, is refused with its name, and nothing
 // hangs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The user's work is never lost: saves that fail leave the old file and the
 // bill as they were, no field can break the lines of a saved file, and a
 // failure inside a handler is told once and leaves the window as it was.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One program per user session: a second start hands over to the first.
 
 #include "app/document_handover.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/encodings.h"
 #include "core/failure.h"
 #include "core/user_data.h"

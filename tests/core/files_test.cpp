@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/failure.h"
 #include "core/files.h"
 #include "support/test_files.h"

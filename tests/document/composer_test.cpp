@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/bill_file.h"
 #include "core/failure.h"
 #include "document/composer.h"

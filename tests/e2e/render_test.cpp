@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/test_files.h"
 
 #include <QDir>
@@ -18,13 +19,19 @@ struct Result {
     QByteArray out, err;
 };
 
-Result render(const QStringList &args)
+Result run(const QString &program, const QStringList &args, const QProcessEnvironment &env)
 {
     QProcess p;
-    p.start(QStringLiteral(LUMETRA_RENDER), args);
+    p.setProcessEnvironment(env);
+    p.start(program, args);
     EXPECT_TRUE(p.waitForFinished(30000));
     return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput(),
             p.readAllStandardError()};
+}
+
+Result render(const QStringList &args)
+{
+    return run(QStringLiteral(LUMETRA_RENDER), args, QProcessEnvironment::systemEnvironment());
 }
 
 QString golden(const QString &file) { return dataPath(u"golden/nota_e_fattura/"_s + file); }
@@ -92,5 +99,35 @@ TEST(Render, ExitStatuses)
         args[index] = file;
         const Result r = render(args);
         EXPECT_TRUE(r.status == 1 && r.err.contains(message)) << file.toStdString() << r.err.constData();
+    }
+}
+
+// Both programs answer --help and --version on standard output, and a wrong
+// option on standard error with status 2, on a machine with no display: with
+// the X platform asked for and no DISPLAY, starting Qt's windowing would abort.
+TEST(Programs, HelpVersionAndAWrongOptionNeedNoDisplay)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(u"DISPLAY"_s);
+    env.remove(u"WAYLAND_DISPLAY"_s);
+    env.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    const QString lumetra = QStringLiteral(LUMETRA_PROGRAM), renderer = QStringLiteral(LUMETRA_RENDER);
+    const QByteArray version = LUMETRA_VERSION;
+    struct Case {
+        QString program;
+        QString arg;
+        int status;
+        QByteArray out, err;
+    };
+    for (const Case &c : {Case{lumetra, u"--version"_s, 0, "Lumetra " + version + "\nLicenza GPL-3.0-or-later", ""},
+                          Case{lumetra, u"--help"_s, 0, "Uso: lumetra ", ""},
+                          Case{lumetra, u"--bogus"_s, 2, "", "lumetra: opzione sconosciuta: --bogus\n"},
+                          Case{renderer, u"--version"_s, 0, "lumetra-render (Lumetra) " + version + "\n", ""},
+                          Case{renderer, u"--help"_s, 0, "usage: lumetra-render ", ""}}) {
+        const Result r = run(c.program, {c.arg}, env);
+        const std::string what = c.program.toStdString() + " " + c.arg.toStdString();
+        EXPECT_EQ(r.status, c.status) << what << r.err.constData();
+        EXPECT_TRUE(c.out.isEmpty() ? r.out.isEmpty() : r.out.startsWith(c.out)) << what << r.out.constData();
+        EXPECT_TRUE(c.err.isEmpty() ? r.err.isEmpty() : r.err.startsWith(c.err)) << what << r.err.constData();
     }
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/bill.h"
 #include "tariff_builder.h"
 

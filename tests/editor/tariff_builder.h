@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Small tariffs written in the test, and the shipped-for-tests one.
 

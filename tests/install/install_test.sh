@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the build under /usr in a temporary DESTDIR and checks what a desktop
 # gets from it: the file tree, the program's first start, the menu entry, the
 # bill type and the AppStream metadata. Each check is one step; a step reports every fault it finds.
@@ -9,8 +10,9 @@ source=$2
 version=$3
 app_id=it.lumetra.Lumetra
 bill_type=application/x-lumetra-parcella
+bill_icon=application-x-lumetra-parcella
 
-for tool in cmake cmp od desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool; do
+for tool in cmake cmp od gzip man desktop-file-validate xmllint update-mime-database gio appstreamcli Xvfb xdotool xprop; do
     if ! command -v "$tool" >/dev/null; then
         echo "$tool is missing: run scripts/install-deps.sh --tests" >&2
         exit 1
@@ -48,10 +50,17 @@ check_tree() {
         share/metainfo/$app_id.metainfo.xml
         share/mime/packages/lumetra-parcella.xml
         share/icons/hicolor/scalable/apps/$app_id.svg
+        share/icons/hicolor/scalable/mimetypes/$bill_icon.svg
+        share/doc/lumetra/copyright
+        share/doc/lumetra/changelog.Debian.gz
+        share/lintian/overrides/lumetra
+        share/man/man1/lumetra.1.gz
+        share/man/man1/lumetra-render.1.gz
     )
     local size
     for size in 16 22 24 32 48 64 128 256; do
-        expected+=("share/icons/hicolor/${size}x$size/apps/$app_id.png")
+        expected+=("share/icons/hicolor/${size}x$size/apps/$app_id.png"
+            "share/icons/hicolor/${size}x$size/mimetypes/$bill_icon.png")
     done
     # Exactly these files: no test, benchmark or build tool slips in.
     diff <(printf '%s\n' "${expected[@]}" | sort) <(cd "$usr" && find . ! -type d | sed 's|^\./||' | sort) ||
@@ -67,7 +76,7 @@ check_tree() {
     done
     # A PNG's width and height are the big-endian words at bytes 16 and 20.
     local png width height
-    for png in "$usr"/share/icons/hicolor/*x*/apps/*.png; do
+    for png in "$usr"/share/icons/hicolor/*x*/*/*.png; do
         [ -f "$png" ] || continue
         size=$(basename "$(dirname "$(dirname "$png")")")
         read -r width height < <(od -An -tu1 -j16 -N8 "$png" |
@@ -106,6 +115,12 @@ check_mime_type() {
         got=$(content_type "$files/$file")
         [ "$got" = "$bill_type" ] || fault "$file is taken for '$got', not $bill_type"
     done
+    # The file manager shows a bill with the type's own icon, an installed one.
+    local icon
+    icon=$(XDG_DATA_DIRS=$usr/share XDG_DATA_HOME=$work/home GIO_USE_VFS=local \
+        gio info -a standard::icon "$files/bill" | sed -n 's/^ *standard::icon: \([^,]*\).*/\1/p')
+    [ "$icon" = "$bill_icon" ] || fault "a bill is shown with the icon '$icon', not $bill_icon"
+    [ -f "$usr/share/icons/hicolor/scalable/mimetypes/$bill_icon.svg" ] || fault "the icon $bill_icon is not installed"
     # The mark must end with a carriage return, as the program writes it.
     printf '***PARCELLA***\nCausa\n' >"$files/not-a-bill"
     got=$(content_type "$files/not-a-bill")
@@ -141,6 +156,13 @@ check_first_start() {
             sleep 0.1
         done
         [ "${width:-0}" -ge 1000 ] || fault "the main window did not come: is the tariff found? $(cat "$work/lumetra.log")"
+        # The desktop ties the window to its menu entry by the window's class,
+        # the second word of WM_CLASS, compared exactly.
+        local wm_class expected_class
+        wm_class=$(xprop -id "$wid" WM_CLASS 2>&1) || true
+        expected_class=$(desktop_key StartupWMClass)
+        [[ $wm_class == *", \"$expected_class\"" ]] ||
+            fault "the main window's $wm_class does not match StartupWMClass=$expected_class"
         grep -q '^Avv. Prova Installata$' "$home/.local/share/lumetra/utenza.txt" 2>/dev/null ||
             fault "the first-run form wrote no utenza.txt under \$HOME/.local/share/lumetra"
     else
@@ -150,6 +172,25 @@ check_first_start() {
     wait "$program" "$xvfb" 2>/dev/null || true
     unset DISPLAY
     [ "$(cd "$usr" && find . | sort)" = "$before" ] || fault "the program wrote into the installed tree"
+}
+
+# What Debian asks of a package's documentation: the copyright file in its
+# machine-readable form, a changelog whose newest entry is this version, and
+# manual pages that man renders without a warning (lintian's own check).
+check_documentation() {
+    local doc=$usr/share/doc/lumetra
+    local format=https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/ changelog
+    [ "$(sed -n 1p "$doc/copyright")" = "Format: $format" ] ||
+        fault "the copyright file is not in Debian's machine-readable format"
+    changelog=$(gzip -dc "$doc/changelog.Debian.gz") || fault "changelog.Debian.gz is no gzip file"
+    [[ ${changelog%%$'\n'*} == "lumetra ($version-"* ]] ||
+        fault "the newest changelog entry is '${changelog%%$'\n'*}', the project is $version"
+    local page report
+    for page in "$usr"/share/man/man1/*.1.gz; do
+        report=$(LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null) ||
+            fault "man cannot render $(basename "$page"): $report"
+        [ -z "$report" ] || fault "man warns on $(basename "$page"): $report"
+    done
 }
 
 check_metainfo() {
@@ -168,7 +209,7 @@ echo "installing $build into $work/root"
 DESTDIR=$work/root cmake --install "$build" --prefix /usr >/dev/null
 
 # check_tree comes first, as update-mime-database adds its caches to the tree.
-steps=(check_tree check_first_start check_desktop_entry check_mime_type check_metainfo)
+steps=(check_tree check_first_start check_desktop_entry check_mime_type check_documentation check_metainfo)
 for step in "${steps[@]}"; do
     before=$faults
     echo "$step"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Helpers of the document tests: the golden documents of the worked example
 // (tests/data/golden/nota_e_fattura/), bills on a tariff table as the last

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A StyledText as a short text for tests: runs split by '|', each with its
 // style in angle brackets when it has one (b, i, u, @size, font, #colour), a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One fixture for widget tests: the program's folder is a temporary directory
 // (its per-user data folder the subfolder "utente"),

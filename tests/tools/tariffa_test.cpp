@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tariff generator of tools/tariffa, and the tariff the program ships: D.M. 127/2004 in
 // Resources/tariffe_database.txt, generated from tools/tariffa/tariffa_2004.tsv.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A program of its own that drags a file, as a file manager does: a small
 // window at the place it is told, which starts a drag of the file when the
 // mouse button goes down on it. It ends as soon as the drop is done, as some

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A bill dragged from another program, as a file manager drags one, through
 // the real X11 drag and drop: on Xvfb, a drag source of its own process drops
 // it onto the main window, on a field, a list, the panel and the window's own

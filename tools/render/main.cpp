@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // lumetra-render: turns a saved bill into the document the program would
 // compose for it, as text, RTF, style map, bill list or tariff listing.
 //
@@ -17,6 +18,7 @@
 #include "editor/categories.h"
 #include "editor/listing.h"
 #include "richtext/rtf_writer.h"
+#include "version.h"
 
 #include <QCoreApplication>
 #include <QDate>
@@ -37,9 +39,17 @@ using namespace lumetra;
 const char *kUsage
     = "usage: lumetra-render --tariff FILE --user FILE --bill FILE [--mode 0|1|2] [--kind nota|fattura]\n"
       "                      [--date YYYY-MM-DD] [--decimal-mark ,|.]\n"
-      "                      --output text|rtf|sty|bill|listing [--category TEXT --subcategory TEXT [--search TEXT]]\n";
+      "                      --output text|rtf|sty|bill|listing [--category TEXT --subcategory TEXT [--search TEXT]]\n"
+      "       lumetra-render --help | --version\n";
+
+const char *kVersion
+    = "lumetra-render (Lumetra) %s\n"
+      "License GPL-3.0-or-later: GNU GPL version 3 or later <https://www.gnu.org/licenses/gpl-3.0.html>.\n"
+      "This is free software: you are free to change and redistribute it.\n"
+      "There is NO WARRANTY, to the extent permitted by law.\n";
 
 struct Options {
+    bool help = false, version = false;
     QString tariff, user, bill;
     int mode = 0;
     int elab = 0;
@@ -68,6 +78,14 @@ Options parse(const QStringList &args)
            QStringLiteral("--subcategory"),  QStringLiteral("--search")};
     for (int i = 1; i < args.size(); ++i) {
         const QString &flag = args[i];
+        if (flag == QLatin1String("--help") || flag == QLatin1String("-h")) {
+            o.help = true;
+            return o;
+        }
+        if (flag == QLatin1String("--version")) {
+            o.version = true;
+            return o;
+        }
         if (!known.contains(flag))
             throw UsageError{QStringLiteral("unknown argument: %1").arg(flag)};
         if (i + 1 >= args.size())
@@ -217,7 +235,14 @@ int main(int argc, char **argv)
 #endif
     QCoreApplication app(argc, argv);
     try {
-        return run(parse(QCoreApplication::arguments()));
+        const Options o = parse(QCoreApplication::arguments());
+        if (o.help)
+            std::fputs(kUsage, stdout);
+        else if (o.version)
+            std::printf(kVersion, kVersione);
+        else
+            return run(o);
+        return 0;
     } catch (const UsageError &e) {
         std::fprintf(stderr, "lumetra-render: %s\n%s", qPrintable(e.message), kUsage);
         return 2;

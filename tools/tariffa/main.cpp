@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // lumetra-tariffa TABELLA.tsv tariffe_database.txt
 // Writes the tariff file from its readable table; writes nothing and lists the
 // faults when the table has any.

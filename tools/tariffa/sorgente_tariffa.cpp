@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tariffa/sorgente_tariffa.h"
 
 #include "core/encodings.h"

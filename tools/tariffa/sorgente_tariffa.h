@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The readable source of tariffe_database.txt and its conversion to the file
 // the program reads.

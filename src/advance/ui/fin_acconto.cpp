@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "advance/ui/fin_acconto.h"
 
 #include "advance/advance.h"
 #include "core/globali.h"
 #include "core/text_functions.h"
+#include "core/ui/accessibile.h"
 #include "core/ui/edit_field.h"
 #include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
@@ -74,6 +76,8 @@ fin_acconto::fin_acconto() : QDialog(QApplication::activeWindow())
     colore(Line1, QPalette::Window, Qt::black);
     StaticText5 = etichetta(this, "StaticText5", {0, 181, 140, 20}, "TOTALE LORDO €", Qt::AlignRight, kGrigio);
     EditQNL[1] = campo(this, 1, {150, 180, 140, 22});
+    nomina(StaticText1, EditQNL[0]);
+    nomina(StaticText5, EditQNL[1]);
     PushButton1 = new QPushButton(QStringLiteral("Inserisci"), this);
     PushButton1->setObjectName(QStringLiteral("PushButton1"));
     PushButton1->setGeometry(20, 220, 260, 22);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // "Computa Acconto": the net advance and the gross sum, each worked out from
 // the other as the user types. However the window is closed, the net sum goes

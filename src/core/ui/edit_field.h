@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's text fields. Both kinds keep the same rules:
 // - TextChange is raised by every change of the text, the user's or the

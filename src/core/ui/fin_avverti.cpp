@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/ui/fin_avverti.h"
 
 #include "core/globali.h"
@@ -46,6 +47,10 @@ fin_avverti::fin_avverti()
     PushButton1->setFont(arial(14, true));
     PushButton1->setAutoDefault(false);
     connectHandler(PushButton1, &QPushButton::clicked, this, &fin_avverti::PushButton1_Action);
+
+    // The title is the class's name: a screen reader speaks the warning instead.
+    setAccessibleName(StaticText2->text());
+    setAccessibleDescription(StaticText1->text().replace(QLatin1Char('\n'), QLatin1Char(' ')));
 }
 
 void fin_avverti::ShowModal() { exec(); }

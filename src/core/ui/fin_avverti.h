@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The warning shown before unsaved changes would be lost: "Continua" loses
 // them, "Annulla" stays. The answer is left in consenti.

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/ui/fin_dati_utente.h"
 
 #include "core/globali.h"
+#include "core/ui/accessibile.h"
 #include "core/ui/edit_field.h"
 #include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
@@ -11,6 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <array>
 
 namespace lumetra {
 
@@ -50,8 +53,10 @@ fin_dati_utente::fin_dati_utente()
         {"StaticText10", 293, 265, 40, "Fax.:"},          {"StaticText11", 9, 300, 120, "em@il:"},
         {"StaticText13", 9, 333, 120, "Partita I.V.A.:"}, {"StaticText14", 9, 370, 120, "Codice Fiscale:"},
     };
-    for (const auto &l : labels) {
-        auto *label = new QLabel(QString::fromUtf8(l.text), this);
+    std::array<QLabel *, std::size(labels)> etichette{};
+    for (size_t k = 0; k < std::size(labels); ++k) {
+        const Etichetta &l = labels[k];
+        auto *label = etichette[k] = new QLabel(QString::fromUtf8(l.text), this);
         label->setObjectName(QString::fromLatin1(l.name));
         place(label, l.left, l.top, l.width, 20);
         label->setFont(arial(14));
@@ -74,6 +79,11 @@ fin_dati_utente::fin_dati_utente()
         edit->setPalette(pal);
         EditFute[size_t(f.index)] = edit;
     }
+    // Label k stands for field k + 1. The window's title says nothing, so a
+    // screen reader speaks it by its heading.
+    for (size_t k = 0; k < etichette.size(); ++k)
+        nomina(etichette[k], EditFute[k + 1]);
+    setAccessibleName(heading->text());
     // Tab order follows the indices.
     for (int i = 1; i < 8; ++i)
         setTabOrder(EditFute[size_t(i)], EditFute[size_t(i + 1)]);

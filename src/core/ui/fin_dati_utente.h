@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The form of the lawyer's particulars. "Registra" is the only way out. It is
 // modal however it is shown: with Show the caller goes on at once, with

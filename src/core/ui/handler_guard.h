@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The boundary of every handler the windows connect. Qt does not let an
 // exception unwind through its signals or its event loop, so a failure inside

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The implicit instance of a window class: created on the first request, which
 // runs its Event_Open then and there; forgotten when the window is destroyed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/ui/fin_elaborazione.h"
 
 #include "core/file_types.h"
@@ -116,6 +117,8 @@ void fin_elaborazione::Event_Open()
 {
     const int elab = globali().elab;
     setWindowTitle(elab != 0 ? QStringLiteral("Fattura") : QStringLiteral("Nota spese - Competenze"));
+    // The field holds the document the title names.
+    EditF->setAccessibleName(windowTitle());
 #ifdef Q_OS_WIN
     bevel[3]->setEnabled(true);
 #else

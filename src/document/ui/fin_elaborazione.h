@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The output window: one composed document, retouchable in EditF, and the
 // five commands that deliver it (close, copy, print, save as RTF, Word).

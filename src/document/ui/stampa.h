@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The draft print of a document: a fixed geometry that does not come from the
 // printer, width 612 and blocks of height 720 at the top left of each page,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "Porta su Word": the 12/16-point copy goes through the clipboard into a new
 // document of Microsoft Word, by automation. Only Windows has it; elsewhere
 // the button is disabled and this is never reached.

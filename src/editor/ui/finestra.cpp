@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/ui/finestra.h"
 
 #include "core/globali.h"
 #include "core/quit.h"
 #include "core/text_functions.h"
+#include "core/ui/accessibile.h"
 #include "core/ui/edit_field.h"
 #include "core/ui/handler_guard.h"
 #include "core/ui/look.h"
@@ -131,6 +133,7 @@ finestra::finestra()
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint
                    | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     creaControlli();
+    nominaControlli();
     collegaHandler();
     ordinaTabulazione();
     setAcceptDrops(true);
@@ -254,6 +257,23 @@ void finestra::creaControlli()
     EditNota->setToolTip(tag("Se è disponibile una nota per la voce selezionata, apparirà in questo riquadro.\r"
                              "Se la voce in elenco (qui sopra) presenta un simbolo di asterisco (*),\r"
                              "selezionando tale voce apparirà la nota relativa."));
+}
+
+void finestra::nominaControlli()
+{
+    nomina(StaticText10, EditField2);
+    nomina(StaticText1, EditField1);
+    nomina(StaticText5, PopImport);
+    nomina(StaticText6, EditQuantum);
+    nomina(StaticText14, checkiva);
+    nomina(StaticText15, checkrite);
+    nomina(StaticText3, PopCatA);
+    nomina(StaticTextPop, PopCatB);
+    nomina(StaticText4, EditCerca);
+    nomina(StaticText8, EditNota);
+    // The lists have no label: they are named by what they hold.
+    Listbox2->setAccessibleName(QStringLiteral("Voci della parcella"));
+    Listbox1->setAccessibleName(QStringLiteral("Voci della tariffa"));
 }
 
 void finestra::collegaHandler()

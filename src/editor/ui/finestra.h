@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window: the head of the bill, the bill list, and the search in the
 // tariff table. The rest of the program reaches it through the few operations
@@ -126,6 +127,8 @@ protected:
 
 private:
     void creaControlli();
+    // What a screen reader speaks for each control.
+    void nominaControlli();
     void collegaHandler();
     void ordinaTabulazione();
     // The end of the typing of a personal amount: the cell is a ticked box again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The list control of the main window, over QTableWidget, with the operations
 // the program uses by name. A cell has a type (0 the column's default, which is

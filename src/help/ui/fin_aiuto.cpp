@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/ui/fin_aiuto.h"
 
 #include "help/istruzioni.h"
@@ -40,6 +41,7 @@ fin_aiuto::fin_aiuto()
     font.setPixelSize(18);
     EditF->setFont(font);
     EditF->document()->setDocumentMargin(10);
+    EditF->setAccessibleName(windowTitle()); // it holds the manual the title names
     EditF_Open(EditF);
 }
 

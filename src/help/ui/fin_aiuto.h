@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The help window: the manual, as styled text the user may scroll and even
 // type in (nothing typed is kept).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/ui/finestrainfo.h"
 
 #include "core/ui/handler_guard.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "advance/ui/fin_acconto.h"
 #include "editor/ui/finestra_fixture.h"
 

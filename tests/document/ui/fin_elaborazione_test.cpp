@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/app.h"
 #include "core/globali.h"
 #include "document/ui/fin_elaborazione.h"
@@ -135,6 +136,7 @@ TEST_F(Elaborazione, RegistraRtfAndStampaTakeWhatEditFHolds)
     fake.saveAnswers = {folderPath(q("intatto.rtf")), folderPath(q("ritoccato.rtf"))};
     premi(w, 2);
     EXPECT_EQ(fake.proposals, QStringList{q("parcella.rtf")});
+    EXPECT_EQ(fake.filters.last(), q("Documento RTF (*.rtf)"));
     EXPECT_EQ(readBytes(folderPath(q("intatto.rtf"))),
               RTFData(Crea_stile(mostrato(w.EditF).Text(), w.sty_f, 0, 9, 12)));
     // Retouched, with a character beyond Latin-1.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Amounts typed the Italian way, through the window, to the bill and the document.
 
 #include "advance/ui/fin_acconto.h"

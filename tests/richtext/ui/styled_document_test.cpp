@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "richtext/ui/styled_document.h"
 
 #include "richtext/rtf_writer.h"

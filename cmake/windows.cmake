@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The Windows build, cross-compiled here with MinGW-w64 against a Qt built for
 # it (scripts/windows.sh makes both). Its programs and tests run under Wine.
 

@@ -26,6 +26,7 @@ spdx_line() {
         *CMakeLists.txt | *.cmake | *.sh | .ci/* | *.desktop | *.dict) echo "# $id" ;;
         *.xml | *.qrc | *.svg) echo "<!-- $id -->" ;;
         *.1.in) echo ".\\\" $id" ;;
+        *.nsi) echo "; $id" ;;
     esac
 }
 
@@ -34,7 +35,7 @@ while IFS= read -r file; do
     [ -n "$(spdx_line "$file")" ] || continue
     head -n 3 "$file" | grep -q 'SPDX-License-Identifier:' || missing+=("$file")
 done < <(git ls-files '*.cpp' '*.h' '*.h.in' '*CMakeLists.txt' '*.cmake' '*.sh' '.ci/*' '*.desktop' '*.dict' \
-    '*.xml' '*.qrc' '*.svg' '*.1.in')
+    '*.xml' '*.qrc' '*.svg' '*.1.in' '*.nsi')
 
 if $check; then
     [ ${#missing[@]} -eq 0 ] && exit 0

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds Lumetra for Windows on Debian 12, and checks and packs it:
 #  1. installs what is needed (scripts/install-deps.sh --windows);
 #  2. takes Qt 6.4.2 for MinGW from the cache folder, else unpacks the

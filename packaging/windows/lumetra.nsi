@@ -1,3 +1,4 @@
+; SPDX-License-Identifier: GPL-3.0-or-later
 ; The Windows installer of Lumetra, made by scripts/windows.sh:
 ;   makensis -DVERSION=<x.y.z> -DSTAGE=<installed tree> -DOUTFILE=<setup.exe> lumetra.nsi
 ; For the user who runs it, without administrator rights: the program goes to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Windows only. Automation of another program through COM's IDispatch: an
 // object is asked for by its program identifier ("Word.Application"), then its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Windows only. Microsoft Word reached by automation: the application and a
 // document of it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The automation wrapper against a real automation server that Windows (and
 // Wine) carry: the file system object of the scripting runtime.
 

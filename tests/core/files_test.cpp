@@ -40,11 +40,12 @@ TEST(Files, TheDoorReadsRegularFilesAndRefusesTheRestNamingThem)
     // FIFOs, devices and links to them are Unix's.
     ASSERT_EQ(mkfifo(at("tubo.qX9").toLocal8Bit().constData(), 0600), 0);
     ASSERT_EQ(symlink("tubo.qX9", at("collegamento.qX9").toLocal8Bit().constData()), 0);
-    cases.insert(cases.end(), {
-                                  {at("tubo.qX9"), "non è un file regolare"},
-                                  {at("collegamento.qX9"), "non è un file regolare"}, // a link is what it points to
-                                  {u"/dev/zero"_s, "non è un file regolare"},
-                              });
+    cases.insert(cases.end(),
+                 {
+                     {at("tubo.qX9"), "non è un file regolare"},
+                     {at("collegamento.qX9"), "non è un file regolare"}, // a link is what it points to
+                     {u"/dev/zero"_s, "non è un file regolare"},
+                 });
 #endif
     for (const auto &[path, rifiuto] : cases) {
         const LetturaFile lettura = leggiFile(path);
@@ -58,7 +59,9 @@ TEST(Files, TheDoorReadsRegularFilesAndRefusesTheRestNamingThem)
             readWholeFile(path);
             ADD_FAILURE() << "no failure for " << path.toStdString();
         } catch (const UnhandledFailure &e) {
-            EXPECT_EQ(e.reason(), u"impossibile leggere il file %1: %2"_s.arg(path, QString::fromUtf8(rifiuto)));
+            EXPECT_EQ(e.reason(),
+                      u"impossibile leggere il file %1: %2"_s.arg(QDir::toNativeSeparators(path),
+                                                                  QString::fromUtf8(rifiuto)));
         }
     }
 

@@ -98,7 +98,9 @@ TEST(Render, ExitStatuses)
         args[5] = dir.filePath(u"b.qX9"_s);
         args[index] = file;
         const Result r = render(args);
-        EXPECT_TRUE(r.status == 1 && r.err.contains(message)) << file.toStdString() << r.err.constData();
+        // The messages are in the system's own 8-bit encoding (Windows's code page, UTF-8 here).
+        EXPECT_TRUE(r.status == 1 && QString::fromLocal8Bit(r.err).contains(QString::fromUtf8(message)))
+            << file.toStdString() << r.err.constData();
     }
 }
 
@@ -124,7 +126,10 @@ TEST(Programs, HelpVersionAndAWrongOptionNeedNoDisplay)
                           Case{lumetra, u"--bogus"_s, 2, "", "lumetra: opzione sconosciuta: --bogus\n"},
                           Case{renderer, u"--version"_s, 0, "lumetra-render (Lumetra) " + version + "\n", ""},
                           Case{renderer, u"--help"_s, 0, "usage: lumetra-render ", ""}}) {
-        const Result r = run(c.program, {c.arg}, env);
+        Result r = run(c.program, {c.arg}, env);
+        // Windows ends a printed line with a carriage return too.
+        r.out.replace("\r\n", "\n");
+        r.err.replace("\r\n", "\n");
         const std::string what = c.program.toStdString() + " " + c.arg.toStdString();
         EXPECT_EQ(r.status, c.status) << what << r.err.constData();
         EXPECT_TRUE(c.out.isEmpty() ? r.out.isEmpty() : r.out.startsWith(c.out)) << what << r.out.constData();

@@ -93,10 +93,7 @@ trap 'wineserver -k 2>/dev/null || true' EXIT
 wine net start rpcss </dev/null >/dev/null 2>&1 || true
 took "Wine prefix" $start
 start=$SECONDS
-# A test program that crashes under Wine gets one more run: Wine's timing
-# differs from Windows's, and test_app was seen to crash in its fixture's
-# TearDown about one run in five there (never on Linux). A second failure fails.
-ctest --test-dir "$build_dir" --output-on-failure --timeout 600 -j "$jobs" --repeat until-pass:2
+ctest --test-dir "$build_dir" --output-on-failure --timeout 600 -j "$jobs"
 took "tests under Wine" $start
 
 # -- Installer and zip

@@ -73,7 +73,8 @@ TEST_F(FinestraTest, AFifoThroughEveryDoorIsRefusedWithItsName)
         runGuarded([] { App::instance()->Event_Open(); });
         ASSERT_EQ(failures.size(), 1) << file;
         EXPECT_EQ(failures.takeFirst(),
-                  u("Errore imprevisto: impossibile leggere il file %1: %2").arg(folderPath(u(file)), u(kRifiuto)));
+                  u("Errore imprevisto: impossibile leggere il file %1: %2")
+                      .arg(QDir::toNativeSeparators(folderPath(u(file))), u(kRifiuto)));
         if (QString::fromUtf8(file).endsWith(u("utenza.txt"))) {
             ASSERT_TRUE(QFile::remove(folderPath(u(file))) || QDir().rmdir(folderPath(u(file))));
             writeFile(u(file), "\nAvv. Tizio Caio\n");

@@ -42,15 +42,18 @@ void UiTest::SetUp()
 void UiTest::TearDown()
 {
     m_watchdog.stop();
-    // Some top-level widgets (popups, tool tips) belong to another and die with it.
+    // Only the windows nobody owns are deleted: a popup (a combo box's list, a
+    // menu) dies with the widget that owns it, which keeps pointing to it and
+    // would use it, deleted, when hidden.
     QList<QPointer<QWidget>> windows;
     for (QWidget *w : QApplication::topLevelWidgets())
         windows << w;
-    for (const auto &w : windows) {
+    for (const auto &w : windows)
         if (w)
             w->hide();
-        delete w.data();
-    }
+    for (const auto &w : windows)
+        if (w && !w->parentWidget())
+            delete w.data();
     settle();
     setDialogs(nullptr);
     setExecutableFolder(QString());

@@ -22,7 +22,7 @@ spdx_line() {
     local id
     id="SPDX-License-Identifier: $(licence_of "$1")"
     case "$1" in
-        *.cpp | *.h | *.h.in) echo "// $id" ;;
+        *.cpp | *.h | *.h.in | *.rc.in) echo "// $id" ;;
         *CMakeLists.txt | *.cmake | *.sh | .ci/* | *.desktop | *.dict) echo "# $id" ;;
         *.xml | *.qrc | *.svg) echo "<!-- $id -->" ;;
         *.1.in) echo ".\\\" $id" ;;
@@ -35,7 +35,7 @@ while IFS= read -r file; do
     [ -n "$(spdx_line "$file")" ] || continue
     head -n 3 "$file" | grep -q 'SPDX-License-Identifier:' || missing+=("$file")
 done < <(git ls-files '*.cpp' '*.h' '*.h.in' '*CMakeLists.txt' '*.cmake' '*.sh' '.ci/*' '*.desktop' '*.dict' \
-    '*.xml' '*.qrc' '*.svg' '*.1.in' '*.nsi')
+    '*.xml' '*.qrc' '*.svg' '*.1.in' '*.nsi' '*.rc.in')
 
 if $check; then
     [ ${#missing[@]} -eq 0 ] && exit 0

@@ -7,7 +7,6 @@
 #include "app/menubar.h"
 #include "core/bill_file.h"
 #include "core/failure.h"
-#include "core/ui/fin_avverti.h"
 #include "core/ui/fin_dati_utente.h"
 #include "document/ui/fin_elaborazione.h"
 #include "editor/ui/finestra_fixture.h"
@@ -131,14 +130,6 @@ TEST_F(Failures, ALineBreakPastedIntoAOneLineFieldOrCellBecomesABlank)
     EXPECT_EQ(readBytes(folderPath(u("Causa.qX9"))).count('\r'), saved.count('\r'));
 }
 
-TEST_F(Failures, TheUserDataFormIsModalFromTheMenuToo)
-{
-    App::instance()->ArchivioDatiUtente_Action();
-    ASSERT_TRUE(fin_dati_utente::exists());
-    EXPECT_EQ(QApplication::activeModalWidget(), fin_dati_utente::existing());
-    delete fin_dati_utente::existing();
-}
-
 namespace {
 
 // An own tariff, which users may put in their data folder, with one more item whose bands end at 100: a value
@@ -189,10 +180,10 @@ TEST_F(HandlerFailures, ACommandStopsWhereAHandlerItRaisedFailed)
     writeFile(u("Causa.qX9"), scriviParcella({u("Causa"), u("Cliente"), u("500"), true, true}, dati()));
     digita(EditField1, u("modifiche"));
     fake.openAnswers = {folderPath(u("Causa.qX9"))};
-    onNextModal(
-        [](QWidget *modal) { QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); });
+    continua();
     App::instance()->menuBar()->item(u("ArchivioApri"))->trigger();
     EXPECT_EQ(failures.size(), 1) << failures.join(u("\n")).toStdString();
+    EXPECT_EQ(avvisi, 1);
     EXPECT_EQ(EditQuantum->Text(), u("500"));
     EXPECT_TRUE(globali().modificato);
 }
@@ -230,6 +221,7 @@ TEST_F(FinestraTest, UserDataThatFailToSaveStayAsTheyWere)
     QDir(dir.path()).mkdir(u("utenza.txt")); // where utenza.txt is to go, a folder: the save fails
     App::instance()->ArchivioDatiUtente_Action();
     fin_dati_utente &form = fin_dati_utente::instance();
+    EXPECT_EQ(QApplication::activeModalWidget(), &form); // modal from the menu too
     form.EditFute[1]->setText(u("Avv. Sempronio"));
     form.PushBreg->click();
     ASSERT_EQ(failures.size(), 1);

@@ -33,6 +33,16 @@ using Esito = DocumentHandover::Esito;
 
 namespace {
 
+#ifdef Q_OS_UNIX
+sockaddr_un indirizzo(const QString &path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.toLocal8Bit().constData(), sizeof address.sun_path - 1);
+    return address;
+}
+#endif
+
 class Handover : public FinestraTest {
 protected:
     QString name() const { return folderPath(u("handover")); }
@@ -70,10 +80,8 @@ TEST_F(Handover, AStaleSocketIsReclaimedALiveOwnerNeverAndAHungOneSwallowsNothin
     // A socket file left by a program that did not end: nobody answers on it.
     // (A named pipe goes with its program: Windows leaves none behind.)
     const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, name().toLocal8Bit().constData(), sizeof address.sun_path - 1);
-    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    const sockaddr_un address = indirizzo(name());
+    ASSERT_EQ(::bind(fd, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
     ::close(fd);
 #endif
     DocumentHandover first(name());
@@ -120,18 +128,11 @@ TEST_F(Handover, ADocumentThatCannotBeOpenedIsToldAndTheBillStays)
     avvia(first);
     first.openDocument = [](const QString &d) { App::instance()->Event_OpenDocument(d); };
     digita(EditField1, u("Causa in corso"));
-    // What no reader may take: a FIFO; on Windows, which has none, a folder.
-#ifdef Q_OS_UNIX
-    mkfifo(folderPath(u("tubo.qX9")).toLocal8Bit().constData(), 0600);
-    const QString rifiuto = u("non è un file regolare");
-#else
-    QDir(dir.path()).mkdir(u("tubo.qX9"));
-    const QString rifiuto = u("è una cartella");
-#endif
+    ASSERT_TRUE(nessunFile(folderPath(u("tubo.qX9"))));
     secondoAvvio({folderPath(u("nome-sbagliato.qX9")), folderPath(u("tubo.qX9"))});
     EXPECT_EQ(fake.messages,
               (QStringList{u("Impossibile aprire il documento nome-sbagliato.qX9:\ril file non esiste."),
-                           u("Impossibile aprire il documento tubo.qX9:\r%1.").arg(rifiuto)}));
+                           u("Impossibile aprire il documento tubo.qX9:\r%1.").arg(kRifiuto)}));
     EXPECT_TRUE(EditField1->Text() == u("Causa in corso") && globali().modificato && globali().nome_attuale.isEmpty());
     // The documents a start names: absolute paths, options left out.
     EXPECT_EQ(documentArguments({u("lumetra"), u("Causa.qX9"), u("--style=fusion"), u("/srv/Bozza.qX9")}),
@@ -145,14 +146,6 @@ TEST_F(Handover, ADocumentThatCannotBeOpenedIsToldAndTheBillStays)
 namespace {
 
 constexpr uid_t kNobody = 65534;
-
-sockaddr_un indirizzo(const QString &path)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, path.toLocal8Bit().constData(), sizeof address.sun_path - 1);
-    return address;
-}
 
 // A program of another user (nobody) listening at path, as a hostile one would: it takes whatever a start says,
 // and answers "ok".

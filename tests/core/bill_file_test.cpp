@@ -6,10 +6,9 @@
 #include <gtest/gtest.h>
 
 using namespace lumetra;
+using lumetra::test::u;
 
 namespace {
-
-QString u(const char *s) { return QString::fromUtf8(s); }
 
 Tabella tableOf(int rows)
 {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/text_functions.h"
 #include "core/value_filter.h"
+#include "support/test_files.h"
 
 #include <gtest/gtest.h>
 #include <limits>
 
 using namespace lumetra;
+using lumetra::test::u;
 
 namespace {
-
-QString q(const char *s) { return QString::fromUtf8(s); }
 
 // Runs check under the Italian convention, then under the point convention.
 template <class F>
@@ -31,7 +31,7 @@ TEST(TextFunctions, ValReadsThePointWhateverTheConvention)
            {"-.5", -0.5},  {"1.225,50", 1.225}, {"1225,00", 1225}, {"1e", 1},       {"2E-2x", 0.02}};
     inBoth([&](bool) {
         for (const auto &[text, value] : cases)
-            EXPECT_DOUBLE_EQ(Val(q(text)), value) << text;
+            EXPECT_DOUBLE_EQ(Val(u(text)), value) << text;
     });
 }
 
@@ -73,7 +73,7 @@ TEST(TextFunctions, CDblFollowsTheConvention)
     }; // text, Italian, point
     inBoth([&](bool italian) {
         for (const auto &[text, it, point] : cases)
-            EXPECT_DOUBLE_EQ(CDbl(q(text)), italian ? it : point) << text << " italian=" << italian;
+            EXPECT_DOUBLE_EQ(CDbl(u(text)), italian ? it : point) << text << " italian=" << italian;
     });
 }
 
@@ -82,7 +82,7 @@ TEST(TextFunctions, CStrReadsBackThroughCDbl)
     inBoth([](bool italian) {
         for (double v : {0.015, -500.0, 0.1 + 0.2, 1e-7, 123456789.125, 1.0 / 3, 1e15})
             EXPECT_TRUE(CDbl(CStr(v)) == v && !CStr(v).contains(u'e')) << CStr(v).toStdString();
-        EXPECT_EQ(CStr(0.015) + u'|' + CStr(-0.0), q(italian ? "0,015|0" : "0.015|0"));
+        EXPECT_EQ(CStr(0.015) + u'|' + CStr(-0.0), u(italian ? "0,015|0" : "0.015|0"));
     });
 }
 
@@ -95,7 +95,7 @@ TEST(TextFunctions, FormatMasks)
            {999.995, "-#.00", "1000,00"}, {-125, "#.00%", "12500,00%"}};
     inBoth([&](bool italian) {
         for (const auto &[number, mask, text] : cases)
-            EXPECT_EQ(Format(number, q(mask)), italian ? q(text) : q(text).replace(u',', u'.')) << number << mask;
+            EXPECT_EQ(Format(number, u(mask)), italian ? u(text) : u(text).replace(u',', u'.')) << number << mask;
     });
 }
 
@@ -108,5 +108,5 @@ TEST(ValueFilter, JudgesTheLastCharacterAlone)
                               {"a1", nullptr},   {"Importante ", "Importante"},
                               {"5€", "5"},       {"1\xF0\x9F\x98\x80", "1"}};
     for (const auto &[typed, stays] : cases)
-        EXPECT_EQ(filtraValore(q(typed)).value_or(q("<stands>")), q(stays ? stays : "<stands>")) << typed;
+        EXPECT_EQ(filtraValore(u(typed)).value_or(u("<stands>")), u(stays ? stays : "<stands>")) << typed;
 }

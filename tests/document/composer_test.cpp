@@ -16,8 +16,8 @@ namespace {
 
 Documento componi(const Tabella &dati, int elab, bool iva = true, bool rite = true)
 {
-    const Utenza utenza{{{}, q("Avv. N"), {}, q("00100 Roma"), {}, {}, {}, q("IVA"), q("CF")}};
-    return Crea_testo({dati, q("10000"), utenza, q("Causa"), q("Spett.le"), iva, rite, elab, {2011, 11, 16}});
+    const Utenza utenza{{{}, u("Avv. N"), {}, u("00100 Roma"), {}, {}, {}, u("IVA"), u("CF")}};
+    return Crea_testo({dati, u("10000"), utenza, u("Causa"), u("Spett.le"), iva, rite, elab, {2011, 11, 16}});
 }
 
 QString rep(char c, int n) { return QString(n, QLatin1Char(c)); }
@@ -29,11 +29,11 @@ QString padded(const QString &line) { return line + rep(' ', 55 - int(line.size(
 // Text, style map and the RTF a saved document gets, byte for byte.
 TEST(CreaTesto, GoldenDocumentsByteForByte)
 {
-    Tabella dati = caricaTabella(readBytes(goldenPath(q("tariffe_database.txt"))));
-    const LetturaParcella bill = apriParcella(readBytes(goldenPath(q("parcella.qX9"))), dati);
+    Tabella dati = caricaTabella(readBytes(goldenPath(u("tariffe_database.txt"))));
+    const LetturaParcella bill = apriParcella(readBytes(goldenPath(u("parcella.qX9"))), dati);
     ASSERT_EQ(bill.esito, EsitoLettura::Letta);
     const TestaParcella &t = bill.testa;
-    const Utenza utenza = leggiUtenza(readBytes(goldenPath(q("utenza.txt"))));
+    const Utenza utenza = leggiUtenza(readBytes(goldenPath(u("utenza.txt"))));
     for (const char *name : {"nota_spese", "fattura"}) {
         const Composed expected = golden(name);
         const Documento doc = Crea_testo(
@@ -41,7 +41,7 @@ TEST(CreaTesto, GoldenDocumentsByteForByte)
         EXPECT_EQ(doc.testo, expected.text) << name;
         EXPECT_EQ(doc.sty_f, expected.sty_f) << name;
         EXPECT_EQ(RTFData(Crea_stile(doc.testo, doc.sty_f, expected.elab, 9, 12)),
-                  readBytes(goldenPath(q(name) + q(".rtf"))))
+                  readBytes(goldenPath(u(name) + u(".rtf"))))
             << name;
     }
 }
@@ -57,31 +57,31 @@ TEST(CreaTesto, SummaryLinesLettersAndBases)
         bool iva, rite;
         QString block5;
     } cases[] = {
-        {tabella({}), 0, true, true, q("TOTALE NETTO A PAGARE ,00 €|")},
+        {tabella({}), 0, true, true, u("TOTALE NETTO A PAGARE ,00 €|")},
         // Without iva the fixed sentence stands where the I.V.A. line would.
         {tabella({diritti}), 1, false, true,
-         q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|(C) C.P.A. (4% di "
+         u("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|(C) C.P.A. (4% di "
            "A+B) 4,00% 225,00 9,00 €||(Importo non imponibile ai sensi dell'art.1, c.100 L.244/2007)|—|TOTALE LORDO "
            "234,00 €||"
            "Ritenuta d'acconto (20% di A+B) 20,00% 225,00 -45,00 €|—|TOTALE NETTO A PAGARE 189,00 €|")},
         // An advance received equal to the base: no taxes, nothing withheld.
         {tabella({diritti, {"Acconti", "Acconto già percepito, da detrarre", "-225", "225"}}), 1, true, true,
-         q("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|"
+         u("(A) DIRITTI: 200,00 €||(B) Rimborso spese forf. (12,50% di A) 12,50% 200,00 25,00 €|"
            "(A) Acconto già percepito, da detrarre -225,00 €||TOTALE NETTO A PAGARE ,00 €|")},
         // An advance to be requested: the bases are the fixed "A" and "A+B". Each total is the rounded sum of
         // the unrounded amounts: the lines as printed add up to 128,01 and 107,97 (126,01 and 105,97 without the
         // stamp, which only a "Fattura" shows and counts).
         {tabella({acconto, bollo}), 1, true, true,
-         q("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
+         u("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
            "(F) I.V.A. (21% di A+B) 21,00% 104,14 21,87 €||Marca da bollo 2,00 €|—|TOTALE LORDO 128,00 €||"
            "Ritenuta d'acconto (20% di A) 20,00% 100,13 -20,03 €|—|TOTALE NETTO A PAGARE 107,98 €|")},
         {tabella({acconto, bollo}), 0, true, true,
-         q("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
+         u("(A) Acconto da richiedere 100,13 €||(B) C.P.A. (4% di A) 4,00% 100,13 4,01 €||"
            "(F) I.V.A. (21% di A+B) 21,00% 104,14 21,87 €|—|TOTALE LORDO 126,00 €||"
            "Ritenuta d'acconto (20% di A) 20,00% 100,13 -20,03 €|—|TOTALE NETTO A PAGARE 105,98 €|")},
         // Two stamps on a "Fattura": the last composed, outside all bases.
         {tabella({spese, {"Spese", "Marca da bollo", "-1"}, {"Diritti", "Marca da bollo", "-2", "2", "1", "B"}}), 1,
-         true, false, q("(A) SPESE: 100,00 €|||B 2,00 €|—|TOTALE NETTO A PAGARE 102,00 €|")},
+         true, false, u("(A) SPESE: 100,00 €|||B 2,00 €|—|TOTALE NETTO A PAGARE 102,00 €|")},
     };
     for (const auto &c : cases) {
         const Documento doc = componi(c.dati, c.elab, c.iva, c.rite);
@@ -95,11 +95,11 @@ TEST(CreaTesto, SummaryLinesLettersAndBases)
 
 TEST(CreaTesto, MissingUserDataIsMarked)
 {
-    const Utenza sparse{{{}, {}, {}, q("00100"), q("1"), q("2"), q("m")}};
+    const Utenza sparse{{{}, {}, {}, u("00100"), u("1"), u("2"), u("m")}};
     const Documento doc = Crea_testo({tabella({}), {}, sparse, {}, {}, true, false, 1, {2009, 1, 5}});
     EXPECT_EQ(
         righe(doc.testo),
-        q("MANCA UTENTE!|00100|Tel.: 1 / Fax.: 2|E-mail: m||MANCA LUOGO!|Lì 05/01/09||MANCA ASSISTITO!||"
+        u("MANCA UTENTE!|00100|Tel.: 1 / Fax.: 2|E-mail: m||MANCA LUOGO!|Lì 05/01/09||MANCA ASSISTITO!||"
           "FATTURA N. XX/2009|P.IVA.:|C.Fiscale.:||MANCA OGGETTO!|VALORE DELLA CONTROVERSIA: €|||MANCA UTENTE!|"));
 }
 
@@ -110,18 +110,18 @@ TEST(CreaTesto, PlaceIsScannedOutOfTheTown)
         = {{"Città di Castello", "Citt"}, {"00100", ""},    {" 00100  Roma Nord", "Roma"}, {"Roma-Nord", "RomaNord"},
            {"[Roma]_^`", "[Roma]_^`"},    {"Az{|}~@", "Az"}};
     for (const auto &c : cases)
-        EXPECT_EQ(estraiLuogo(q(c[0])), q(c[1])) << c[0];
+        EXPECT_EQ(estraiLuogo(u(c[0])), u(c[1])) << c[0];
 }
 
 // An empty summary block changes no run, and the signature's alignment goes to the paragraph after it.
 TEST(Crea_stile, EmptySummaryBlockLeavesItsAlignmentToTheSignature)
 {
     const StyMap sty_f{{{0, 0, 7}, {1, 1, 9}, {2, 2, 14}, {3, 3}, {4, 4}, {5, 4}, {5, 6}}};
-    const StyledText st = Crea_stile(q("S\rP\rT\rO\r \r \rF \r"), sty_f, 0, 9, 12);
+    const StyledText st = Crea_stile(u("S\rP\rT\rO\r \r \rF \r"), sty_f, 0, 9, 12);
     QString alignments;
     for (int p = 0; p < st.ParagraphCount(); ++p)
         alignments += QString::number(st.ParagraphAlignment(p));
-    EXPECT_EQ(alignments, q("1321130"));
+    EXPECT_EQ(alignments, u("1321130"));
     EXPECT_EQ(st.styleAt(st.Paragraph(5).startPos).size, 12);
 }
 
@@ -159,8 +159,8 @@ TEST(Sections, CategoriesUnitValuesQuantitiesStampsAndAdvances)
     for (const auto &c : cases) {
         MarcaDaBollo marca;
         const Sezione s
-            = c.section > 0 ? Crea_onorari(c.dati, c.section, q("10000"), marca) : Crea_acconto(c.dati, -c.section);
-        EXPECT_EQ(righe(s.testo) + q("/") + righe(marca.marcadabollo), q(c.testo) + q("/") + q(c.marcadabollo));
+            = c.section > 0 ? Crea_onorari(c.dati, c.section, u("10000"), marca) : Crea_acconto(c.dati, -c.section);
+        EXPECT_EQ(righe(s.testo) + u("/") + righe(marca.marcadabollo), u(c.testo) + u("/") + u(c.marcadabollo));
         EXPECT_EQ(std::pair(s.totale, marca.marcaimporto), std::pair(c.totale, c.marcaimporto)) << c.testo;
     }
 }
@@ -169,17 +169,17 @@ TEST(Spezzatesto, BreaksOnAFixedGridOfLimits)
 {
     const std::tuple<const char *, QString, QString> cases[] = {
         {"empty: 55 blanks", QString(), rep(' ', 55)},
-        {"50 characters with a blank at 30 are cut there", rep('a', 29) + q(" ") + rep('b', 20),
-         q(" ") + rep('a', 29) + q(" ") + CR + padded(q(" ") + rep('b', 20) + q(" "))},
+        {"50 characters with a blank at 30 are cut there", rep('a', 29) + u(" ") + rep('b', 20),
+         u(" ") + rep('a', 29) + u(" ") + CR + padded(u(" ") + rep('b', 20) + u(" "))},
         {"a word over the limit: a lone blank first, no padding", rep('w', 60),
-         q(" ") + CR + q(" ") + rep('w', 60) + q(" ")},
+         u(" ") + CR + u(" ") + rep('w', 60) + u(" ")},
     };
     for (const auto &[why, text, expected] : cases)
         EXPECT_EQ(spezzatesto(text, 50), expected) << why;
     for (const char *mark : {".", "(", ";", ":"}) // marks a line may end with
-        EXPECT_EQ(spezzatesto(rep('a', 45) + q(mark) + rep('b', 9), 50).indexOf(CR), 47) << mark;
-    EXPECT_EQ(spezzatesto(q("ab cd"), 0), q(" ") + CR + q(" ab cd ")); // ends, as every width must
-    const std::array<QString, 5> letters = {q("A"), QString(), q("B"), q("C"), QString()};
-    EXPECT_EQ(Crea_abcde(letters, 0, 3), q("A+B+C"));
+        EXPECT_EQ(spezzatesto(rep('a', 45) + u(mark) + rep('b', 9), 50).indexOf(CR), 47) << mark;
+    EXPECT_EQ(spezzatesto(u("ab cd"), 0), u(" ") + CR + u(" ab cd ")); // ends, as every width must
+    const std::array<QString, 5> letters = {u("A"), QString(), u("B"), u("C"), QString()};
+    EXPECT_EQ(Crea_abcde(letters, 0, 3), u("A+B+C"));
     EXPECT_THROW(Crea_abcde(letters, 2, 5), UnhandledFailure);
 }

@@ -12,8 +12,6 @@
 
 namespace lumetra::test {
 
-inline QString u(const char *s) { return QString::fromUtf8(s); }
-
 // One record per entry, each the lines of columns 1, 2, 3...
 inline Tabella tabella(const std::vector<QStringList> &records)
 {

@@ -14,7 +14,6 @@
 namespace lumetra::test {
 
 inline const QString CR(QChar(13));
-inline QString q(const char *s) { return QString::fromUtf8(s); }
 
 struct Voce {
     const char *categoria, *testo, *stato = "0", *valore = "0", *quantita = "1", *nome = "";
@@ -31,7 +30,7 @@ inline Tabella tabella(std::initializer_list<Voce> voci)
                                  {kColValore, v.valore},
                                  {kColQuantita, v.quantita},
                                  {kColNome, v.nome}})
-            dati.at(r, col) = q(text);
+            dati.at(r, col) = u(text);
     }
     return dati;
 }
@@ -44,11 +43,11 @@ inline QString righe(const QString &text)
 {
     QStringList lines = text.split(CR);
     for (QString &line : lines)
-        line = line.simplified().replace(QString(14, QChar(0x2014)), q("—"));
+        line = line.simplified().replace(QString(14, QChar(0x2014)), u("—"));
     return lines.join(QLatin1Char('|'));
 }
 
-inline QString goldenPath(const QString &file) { return dataPath(q("golden/nota_e_fattura/") + file); }
+inline QString goldenPath(const QString &file) { return dataPath(u("golden/nota_e_fattura/") + file); }
 
 // A golden document, "nota_spese" or "fattura": its text, style map and kind.
 struct Composed {
@@ -59,9 +58,9 @@ struct Composed {
 
 inline Composed golden(const char *name)
 {
-    Composed doc{QString::fromUtf8(readBytes(goldenPath(q(name) + q(".txt")))), {}, q(name) == q("fattura")};
+    Composed doc{QString::fromUtf8(readBytes(goldenPath(u(name) + u(".txt")))), {}, u(name) == u("fattura")};
     const QStringList numbers
-        = QString::fromUtf8(readBytes(goldenPath(q(name) + q(".sty_f")))).simplified().split(QLatin1Char(' '));
+        = QString::fromUtf8(readBytes(goldenPath(u(name) + u(".sty_f")))).simplified().split(QLatin1Char(' '));
     for (qsizetype i = 0; i < numbers.size(); ++i)
         doc.sty_f[size_t(i / 3)][size_t(i % 3)] = numbers[i].toInt();
     return doc;

@@ -13,10 +13,7 @@
 
 using namespace lumetra;
 using lumetra::test::readBytes;
-
-namespace {
-QString q(const char *s) { return QString::fromUtf8(s); }
-} // namespace
+using lumetra::test::u;
 
 TEST(SorgenteTariffa, RecordFaults)
 {
@@ -29,11 +26,11 @@ TEST(SorgenteTariffa, RecordFaults)
         {"Diritti|Altro|Voce → altra||0|1|2#", "la colonna 3 ha caratteri che Mac Roman non ha"},
     };
     for (const auto &[columns, fault] : cases) {
-        const QString record = q(columns)
-                                   .replace(QLatin1Char('~'), q("Diritti|Altro|Voce|"))
-                                   .replace(QLatin1Char('#'), q("|> 0|1|2|INDET.|1|2|IMPORT.|1|2"));
+        const QString record = u(columns)
+                                   .replace(QLatin1Char('~'), u("Diritti|Altro|Voce|"))
+                                   .replace(QLatin1Char('#'), u("|> 0|1|2|INDET.|1|2|IMPORT.|1|2"));
         const QStringList faults = difettiRecord(record.split(QLatin1Char('|')));
-        EXPECT_TRUE(*fault ? faults.contains(q(fault)) : faults.isEmpty())
+        EXPECT_TRUE(*fault ? faults.contains(u(fault)) : faults.isEmpty())
             << record.toStdString() << ": " << faults.join(QStringLiteral("; ")).toStdString();
     }
 }
@@ -54,7 +51,7 @@ TEST(SorgenteTariffa, FileBytesLoadBackAsTheTable)
     EXPECT_DOUBLE_EQ(CDbl(dati.at(1, cerca_scaglione(dati, 1, 1000, Prestabilito) + 2)), 0.03);
     // Faults name the line, and nothing is written.
     const FileTariffe bad = generaFileTariffe("categoria\tvoce\n\n" + QByteArray(row).replace("> 600", "6"));
-    EXPECT_TRUE(bad.bytes.isEmpty() && bad.errori.contains(q("riga 3: colonna 8: limite non crescente")));
+    EXPECT_TRUE(bad.bytes.isEmpty() && bad.errori.contains(u("riga 3: colonna 8: limite non crescente")));
 }
 
 TEST(Tariffa2004, ShippedFileIsSoundAndWhatTheGeneratorMakesOfTheTable)
@@ -85,7 +82,7 @@ TEST(Tariffa2004, ShippedFileIsSoundAndWhatTheGeneratorMakesOfTheTable)
     // Items the program looks for by name.
     for (const char *voce :
          {"Spese/Marca da bollo", "Acconti/Acconto da richiedere", "Acconti/Acconto già percepito, da detrarre"})
-        EXPECT_EQ(voci.count(q(voce)), 1) << voce;
+        EXPECT_EQ(voci.count(u(voce)), 1) << voce;
 }
 
 // Figures of the decree's tables, copied from an independent reading of them and not from
@@ -133,7 +130,7 @@ TEST(Tariffa2004, FiguresOfTheDecree)
     for (const auto &c : cases) {
         int r = 0;
         for (int i = 1; i <= dati.contatore(); ++i)
-            if (dati.at(i, 1) == q(c.categoria) && dati.at(i, 2) == q(c.sottocategoria) && dati.at(i, 3) == q(c.voce))
+            if (dati.at(i, 1) == u(c.categoria) && dati.at(i, 2) == u(c.sottocategoria) && dati.at(i, 3) == u(c.voce))
                 r = i;
         ASSERT_GT(r, 0) << c.voce;
         const int col = cerca_scaglione(dati, r, c.valore, c.modo);

@@ -8,7 +8,6 @@
 // (status 77).
 
 #include "core/bill_file.h"
-#include "core/ui/fin_avverti.h"
 #include "editor/ui/finestra_fixture.h"
 
 #include <QElapsedTimer>
@@ -111,15 +110,10 @@ TEST_F(X11Drop, ABillDroppedFromAnotherProgramOpensWhereverItLands)
     }
     // A bill with unsaved changes, from a source that goes on running: the warning first, as "Apri.." gives it.
     digita(EditField2, u(" modificato"));
-    bool avvertito = false;
-    onNextModal([&](QWidget *modal) {
-        avvertito = true;
-        QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton); // Continua
-    });
+    continua();
     EXPECT_TRUE(trascina(folderPath(u("Trascinata1.qX9")), EditField2, EditField2->rect().center(),
                          u("Causa trascinata sul punto 1"), true));
-    EXPECT_TRUE(avvertito);
-    EXPECT_FALSE(globali().modificato);
+    EXPECT_TRUE(avvisi == 1 && !globali().modificato);
 }
 
 // An Xvfb of the test's own for the whole run, on a display it picks itself.

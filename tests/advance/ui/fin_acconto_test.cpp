@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "advance/ui/fin_acconto.h"
+#include "document/composer.h"
 #include "editor/ui/finestra_fixture.h"
 
 #include <QClipboard>
@@ -38,12 +39,16 @@ TEST_F(AccontoTest, NetOrGrossTypedOrPastedGoesOnTheBill)
 {
     apri([&](fin_acconto &c) { QTest::keyClick(&c, Qt::Key_Escape); }); // closed without typing: the item stays off
     EXPECT_TRUE(dati().at(kAccontoRichiesto, kColStato) == u("-0") && Listbox2->ListCount() == 2);
+    // Cents typed the Italian way reach the bill and the document.
     apri([&](fin_acconto &c) {
-        digita(c.EditQNL[0], u("1000"));
-        EXPECT_EQ(c.StaticTiva2->text() + u("|") + c.EditQNL[1]->Text(), u("218,40|1258,40"));
+        digita(c.EditQNL[0], u("1000,50"));
+        EXPECT_EQ(c.StaticTiva2->text() + u("|") + c.EditQNL[1]->Text(), u("218,51|1259,03"));
         QTest::mouseClick(c.PushButton1, Qt::LeftButton);
     });
-    EXPECT_TRUE(stato() == u("-1000/1000") && globali().modificato);
+    EXPECT_EQ(stato(), u("-1000.50/1000,5")); // the field holds the point the filter put for the comma
+    EXPECT_TRUE(globali().totale[0] == 1000.5 && globali().modificato);
+    const QString document = Crea_testo(App::instance()->datiDocumento()).testo;
+    EXPECT_TRUE(document.contains(u("Acconto da richiedere")) && document.contains(u("1000,50 €")));
     apri([&](fin_acconto &c) {
         c.EditQNL[1]->selectAll();
         digita(c.EditQNL[1], u("1258,40"));

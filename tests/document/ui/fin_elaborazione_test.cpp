@@ -40,9 +40,9 @@ protected:
     {
         UiTest::SetUp();
         for (const char *file : {"tariffe_database.txt", "utenza.txt", "parcella.qX9"})
-            copyData(q("golden/nota_e_fattura/") + q(file), q(file));
+            copyData(u("golden/nota_e_fattura/") + u(file), u(file));
         App::instance()->Event_Open();
-        fake.openAnswers = {folderPath(q("parcella.qX9"))};
+        fake.openAnswers = {folderPath(u("parcella.qX9"))};
         App::instance()->ArchivioApri_Action();
     }
     // A "Nota spese - Competenze" in its window, not modal.
@@ -66,16 +66,16 @@ struct Pagina {
 QList<Pagina> pagine(const QString &pdf)
 {
     QProcess p;
-    p.start(q("pdftotext"), {q("-bbox"), pdf, q("-")});
+    p.start(u("pdftotext"), {u("-bbox"), pdf, u("-")});
     EXPECT_TRUE(p.waitForFinished(60000) && p.exitCode() == 0) << p.readAllStandardError().toStdString();
-    static const QRegularExpression tag(q("(<page )|xMax=\"([\\d.-]+)\" yMax=\"[\\d.-]+\">([^<]*)<"));
+    static const QRegularExpression tag(u("(<page )|xMax=\"([\\d.-]+)\" yMax=\"[\\d.-]+\">([^<]*)<"));
     QList<Pagina> result;
     for (const auto &m : tag.globalMatch(QString::fromUtf8(p.readAllStandardOutput()))) {
         if (m.capturedLength(1)) {
             result.append(Pagina{});
             continue;
         }
-        result.last().words << m.captured(3).replace(q("&apos;"), q("'")).replace(q("&amp;"), q("&"));
+        result.last().words << m.captured(3).replace(u("&apos;"), u("'")).replace(u("&amp;"), u("&"));
         result.last().right = std::max(result.last().right, m.captured(2).toDouble());
     }
     return result;
@@ -92,13 +92,13 @@ TEST_F(Elaborazione, OpensWithTheDocumentStyledTwiceAndClosesBackToTheMainWindow
         onNextModal([&](QWidget *modal) {
             auto *w = qobject_cast<fin_elaborazione *>(modal);
             ASSERT_NE(w, nullptr);
-            EXPECT_EQ(w->windowTitle(), elab ? q("Fattura") : q("Nota spese - Competenze"));
+            EXPECT_EQ(w->windowTitle(), elab ? u("Fattura") : u("Nota spese - Competenze"));
             EXPECT_EQ(w->bevel[3]->isEnabled(), kAutomazioneWord);
             const StyledText screen = mostrato(w->EditF);
             EXPECT_EQ(screen.Text(),
                       golden(elab ? "fattura" : "nota_spese")
-                          .text.replace(q("16/11/11"), today.toString(q("dd/MM/yy")))
-                          .replace(q("XX/2011"), q("XX/") + QString::number(today.year())));
+                          .text.replace(u("16/11/11"), today.toString(u("dd/MM/yy")))
+                          .replace(u("XX/2011"), u("XX/") + QString::number(today.year())));
             EXPECT_TRUE(screen == Crea_stile(screen.Text(), w->sty_f, elab, 9, 12));
             EXPECT_TRUE(mostrato(w->EditF2) == Crea_stile(screen.Text(), w->sty_f, elab, 12, 16));
             // Escape would throw a retouched document away: it does nothing.
@@ -106,7 +106,7 @@ TEST_F(Elaborazione, OpensWithTheDocumentStyledTwiceAndClosesBackToTheMainWindow
             EXPECT_TRUE(w->isVisible());
             elab ? QTest::mouseClick(w->bevel[0], Qt::LeftButton) : void(w->close());
         });
-        QTest::mouseClick(finestra::instance().findChild<QPushButton *>(q(elab ? "PushCrea1" : "PushCrea0")),
+        QTest::mouseClick(finestra::instance().findChild<QPushButton *>(u(elab ? "PushCrea1" : "PushCrea0")),
                           Qt::LeftButton);
         EXPECT_FALSE(fin_elaborazione::exists());
         EXPECT_TRUE(finestra::instance().isVisible());
@@ -116,9 +116,9 @@ TEST_F(Elaborazione, OpensWithTheDocumentStyledTwiceAndClosesBackToTheMainWindow
 // The bill file has the same bytes on every system: the golden bill, opened and saved again, is the golden file.
 TEST_F(Elaborazione, TheGoldenBillSavedAgainIsTheSameFile)
 {
-    fake.saveAnswers = {folderPath(q("copia.qX9"))};
+    fake.saveAnswers = {folderPath(u("copia.qX9"))};
     App::instance()->ArchivioRegistracome_Action();
-    EXPECT_EQ(readBytes(folderPath(q("copia.qX9"))), readBytes(goldenPath(q("parcella.qX9"))));
+    EXPECT_EQ(readBytes(folderPath(u("copia.qX9"))), readBytes(goldenPath(u("parcella.qX9"))));
 }
 
 // What is copied, saved and printed is what EditF holds; a cancelled print leaves no trace.
@@ -127,28 +127,28 @@ TEST_F(Elaborazione, RegistraRtfAndStampaTakeWhatEditFHolds)
     fin_elaborazione &w = apri();
     fake.configurePrinter = [&](QPrinter &printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folderPath(q("stampa.pdf")));
+        printer.setOutputFileName(folderPath(u("stampa.pdf")));
     };
     premi(w, 1);
     const QMimeData *mime = QApplication::clipboard()->mimeData();
-    EXPECT_EQ(mime->text(), mostrato(w.EditF).Text().replace(CR, q("\n")));
+    EXPECT_EQ(mime->text(), mostrato(w.EditF).Text().replace(CR, u("\n")));
     premi(w, 4); // print cancelled
-    fake.saveAnswers = {folderPath(q("intatto.rtf")), folderPath(q("ritoccato.rtf"))};
+    fake.saveAnswers = {folderPath(u("intatto.rtf")), folderPath(u("ritoccato.rtf"))};
     premi(w, 2);
-    EXPECT_EQ(fake.proposals, QStringList{q("parcella.rtf")});
-    EXPECT_EQ(fake.filters.last(), q("Documento RTF (*.rtf)"));
-    EXPECT_EQ(readBytes(folderPath(q("intatto.rtf"))),
+    EXPECT_EQ(fake.proposals, QStringList{u("parcella.rtf")});
+    EXPECT_EQ(fake.filters.last(), u("Documento RTF (*.rtf)"));
+    EXPECT_EQ(readBytes(folderPath(u("intatto.rtf"))),
               RTFData(Crea_stile(mostrato(w.EditF).Text(), w.sty_f, 0, 9, 12)));
     // Retouched, with a character beyond Latin-1.
     w.EditF->moveCursor(QTextCursor::End);
-    QTest::sendKeyEvent(QTest::Click, w.EditF, Qt::Key_unknown, q("Ω"), Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Click, w.EditF, Qt::Key_unknown, u("Ω"), Qt::NoModifier);
     QTest::keyClick(w.EditF, Qt::Key_K);
     premi(w, 2);
-    EXPECT_TRUE(readBytes(folderPath(q("ritoccato.rtf"))).endsWith("\\u937 k}"));
-    EXPECT_FALSE(QFile::exists(folderPath(q("stampa.pdf"))));
+    EXPECT_TRUE(readBytes(folderPath(u("ritoccato.rtf"))).endsWith("\\u937 k}"));
+    EXPECT_FALSE(QFile::exists(folderPath(u("stampa.pdf"))));
     fake.printAnswers = {true};
     premi(w, 4);
-    EXPECT_TRUE(readBytes(folderPath(q("stampa.pdf"))).startsWith("%PDF"));
+    EXPECT_TRUE(readBytes(folderPath(u("stampa.pdf"))).startsWith("%PDF"));
 }
 
 #ifdef Q_OS_WIN
@@ -160,12 +160,12 @@ TEST_F(Elaborazione, PortaSuWordWithoutWordShowsTheMessageAndTheClipboardKeepsTh
     w.EditF->moveCursor(QTextCursor::End);
     QTest::keyClick(w.EditF, Qt::Key_K);
     premi(w, 3);
-    EXPECT_EQ(fake.messages, QStringList{q("Errore con Microsoft Word!")});
+    EXPECT_EQ(fake.messages, QStringList{u("Errore con Microsoft Word!")});
     EXPECT_TRUE(w.isVisible());
     const QMimeData *mime = QApplication::clipboard()->mimeData();
-    EXPECT_EQ(mime->text(), mostrato(w.EditF2).Text().replace(CR, q("\n")));
-    EXPECT_FALSE(mime->text().endsWith(q("k")));
-    EXPECT_TRUE(mime->html().contains(q("16pt"))) << mime->html().left(2000).toStdString();
+    EXPECT_EQ(mime->text(), mostrato(w.EditF2).Text().replace(CR, u("\n")));
+    EXPECT_FALSE(mime->text().endsWith(u("k")));
+    EXPECT_TRUE(mime->html().contains(u("16pt"))) << mime->html().left(2000).toStdString();
 }
 #endif
 
@@ -173,7 +173,7 @@ TEST_F(Elaborazione, PortaSuWordWithoutWordShowsTheMessageAndTheClipboardKeepsTh
 // next page, printed as PDF on paper with a printer's unprintable edge of 12 points all round.
 TEST(StampaBozza, FitsTheBlockToThePaperKeepingItsPageBreaks)
 {
-    if (QStandardPaths::findExecutable(q("pdftotext")).isEmpty())
+    if (QStandardPaths::findExecutable(u("pdftotext")).isEmpty())
         GTEST_SKIP() << "poppler-utils not installed";
     QTextDocument document;
     setStyledText(document, styledDocument(golden("nota_spese"), 9, 12));
@@ -182,7 +182,7 @@ TEST(StampaBozza, FitsTheBlockToThePaperKeepingItsPageBreaks)
     end.movePosition(QTextCursor::End);
     end.setBlockFormat(document.begin().blockFormat());
     end.insertFragment(bill);
-    QStringList allWords = document.toPlainText().split(QRegularExpression(q("\\s+")), Qt::SkipEmptyParts);
+    QStringList allWords = document.toPlainText().split(QRegularExpression(u("\\s+")), Qt::SkipEmptyParts);
     allWords.sort();
 
     // The paper, and where the widest lines, the right-aligned ones such as the sender's, end: whole, at the edge.
@@ -198,10 +198,10 @@ TEST(StampaBozza, FitsTheBlockToThePaperKeepingItsPageBreaks)
         SCOPED_TRACE(name);
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(dir.filePath(q("stampa.pdf")));
+        printer.setOutputFileName(dir.filePath(u("stampa.pdf")));
         printer.setPageLayout(QPageLayout(QPageSize(size), QPageLayout::Portrait, QMarginsF(edge, edge, edge, edge)));
         ASSERT_EQ(stampaBozza(document, printer), 2);
-        const QList<Pagina> pages = pagine(dir.filePath(q("stampa.pdf")));
+        const QList<Pagina> pages = pagine(dir.filePath(u("stampa.pdf")));
         ASSERT_EQ(pages.size(), 2);
         QStringList words;
         QList<QStringList> byPage;

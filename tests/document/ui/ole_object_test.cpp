@@ -15,34 +15,31 @@
 #include <gtest/gtest.h>
 
 using namespace lumetra;
-
-namespace {
-QString q(const char *s) { return QString::fromUtf8(s); }
-} // namespace
+using lumetra::test::u;
 
 // Calling with parameters, reading an object and calling it, assigning; every failure is an OLEException.
 TEST(OLEObject, CallsReadsAndAssignsByNameAndThrowsOnAnyFailure)
 {
     QTemporaryDir dir;
-    const QString native = QDir::toNativeSeparators(dir.filePath(q("Pratiche")));
-    const OLEObject fso(q("Scripting.FileSystemObject"));
-    fso.call(q("CreateFolder"), {native});
-    EXPECT_TRUE(QFileInfo(dir.filePath(q("Pratiche"))).isDir());
-    const OLEObject stream = fso.lookup(q("CreateTextFile"), {native + q("\\nota.txt")});
-    stream.call(q("Write"), {q("Causa")});
-    stream.call(q("Close"));
-    EXPECT_EQ(test::readBytes(dir.filePath(q("Pratiche/nota.txt"))), "Causa");
+    const QString native = QDir::toNativeSeparators(dir.filePath(u("Pratiche")));
+    const OLEObject fso(u("Scripting.FileSystemObject"));
+    fso.call(u("CreateFolder"), {native});
+    EXPECT_TRUE(QFileInfo(dir.filePath(u("Pratiche"))).isDir());
+    const OLEObject stream = fso.lookup(u("CreateTextFile"), {native + u("\\nota.txt")});
+    stream.call(u("Write"), {u("Causa")});
+    stream.call(u("Close"));
+    EXPECT_EQ(test::readBytes(dir.filePath(u("Pratiche/nota.txt"))), "Causa");
     // Keys that differ in case only are one key once the comparison ignores case.
-    const OLEObject dictionary(q("Scripting.Dictionary"));
-    dictionary.assign(q("CompareMode"), 1);
-    dictionary.call(q("Add"), {q("causa"), 1});
-    EXPECT_THROW(dictionary.call(q("Add"), {q("CAUSA"), 2}), OLEException);
+    const OLEObject dictionary(u("Scripting.Dictionary"));
+    dictionary.assign(u("CompareMode"), 1);
+    dictionary.call(u("Add"), {u("causa"), 1});
+    EXPECT_THROW(dictionary.call(u("Add"), {u("CAUSA"), 2}), OLEException);
 
     const std::pair<const char *, std::function<void()>> failures[] = {
-        {"a program that is not installed", [] { OLEObject(q("Lumetra.NonEsiste")); }},
-        {"an unknown member", [&] { fso.lookup(q("NonEsiste")); }},
-        {"a member that is no object", [&] { fso.lookup(q("FolderExists"), {native}); }},
-        {"a call that fails: the folder is there", [&] { fso.call(q("CreateFolder"), {native}); }},
+        {"a program that is not installed", [] { OLEObject(u("Lumetra.NonEsiste")); }},
+        {"an unknown member", [&] { fso.lookup(u("NonEsiste")); }},
+        {"a member that is no object", [&] { fso.lookup(u("FolderExists"), {native}); }},
+        {"a call that fails: the folder is there", [&] { fso.call(u("CreateFolder"), {native}); }},
         {"Microsoft Word, which Wine does not have", [] { WordApplication(); }},
     };
     for (const auto &[what, call] : failures)

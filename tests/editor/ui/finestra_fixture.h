@@ -5,6 +5,7 @@
 #include "app/app.h"
 #include "core/globali.h"
 #include "core/ui/edit_field.h"
+#include "core/ui/fin_avverti.h"
 #include "editor/tariff_builder.h"
 #include "editor/ui/finestra.h"
 #include "editor/ui/listbox.h"
@@ -14,8 +15,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QUrl>
 
 namespace lumetra::test {
 
@@ -111,6 +114,28 @@ protected:
         settle();
     }
 
+    // The next warning about unsaved changes is answered "Continua"; avvisi counts the warnings answered.
+    void continua()
+    {
+        onNextModal([this](QWidget *modal) {
+            ++avvisi;
+            QTest::mouseClick(qobject_cast<fin_avverti *>(modal)->PushButton1, Qt::LeftButton);
+        });
+    }
+
+    // A file dropped on target as the desktop drops one; true when the window took it.
+    static bool lascia(QWidget *target, const QString &path)
+    {
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(target->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &enter);
+        QDropEvent drop(target->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &drop);
+        return enter.isAccepted() && drop.isAccepted();
+    }
+
+    int avvisi = 0;
     finestra *w = nullptr;
     EditText *EditField1 = nullptr, *EditField2 = nullptr, *EditNota = nullptr;
     EditLine *EditQuantum = nullptr, *EditCerca = nullptr;

@@ -18,11 +18,11 @@ namespace {
 StyledText oddText()
 {
     StyledText t;
-    const TextStyle a{.font = q("Arial"), .size = 10.5f, .underline = true, .textColor = 0x336699};
+    const TextStyle a{.font = u("Arial"), .size = 10.5f, .underline = true, .textColor = 0x336699};
     const TextStyle b{.font = QString(), .italic = true};
-    t.AppendStyleRun({q("uno") + CR + CR, a});
-    t.AppendStyleRun({q("a capo") + QChar(10) + q("stessa riga") + CR, b});
-    t.AppendStyleRun({q("ultima senza fine"), TextStyle{}});
+    t.AppendStyleRun({u("uno") + CR + CR, a});
+    t.AppendStyleRun({u("a capo") + QChar(10) + u("stessa riga") + CR, b});
+    t.AppendStyleRun({u("ultima senza fine"), TextStyle{}});
     t.ParagraphAlignment(0, 1);
     t.ParagraphAlignment(2, 3);
     return t;
@@ -58,15 +58,15 @@ TEST(StyledDocument, ParagraphsWithoutAlignmentShowTheOneAboveAndEditsTakeTheSty
     // Typed inside the title: bold, 12 points, Times. Pasted from elsewhere, as HTML.
     QTextCursor cursor(document.findBlockByNumber(13));
     cursor.movePosition(QTextCursor::EndOfBlock);
-    cursor.insertText(q(" Ω"));
+    cursor.insertText(u(" Ω"));
     cursor.movePosition(QTextCursor::End);
-    cursor.insertHtml(q("<p>Nuovo</p><p align=\"center\"><span style=\"font-family:Arial; font-size:14pt; "
+    cursor.insertHtml(u("<p>Nuovo</p><p align=\"center\"><span style=\"font-family:Arial; font-size:14pt; "
                         "font-weight:700\">Centrato</span></p>"));
     const StyledText edited = styledText(document);
-    const int typed = edited.Text().indexOf(q("COMPETENZE Ω")) + 12, pasted = edited.Text().indexOf(q("Centrato"));
+    const int typed = edited.Text().indexOf(u("COMPETENZE Ω")) + 12, pasted = edited.Text().indexOf(u("Centrato"));
     ASSERT_GE(typed, 12);
     for (auto [at, font, size] : {std::tuple{typed, "Times New Roman", 12.0f}, {pasted, "Arial", 14.0f}}) {
-        EXPECT_EQ(edited.styleAt(at).font, q(font));
+        EXPECT_EQ(edited.styleAt(at).font, u(font));
         EXPECT_EQ(edited.styleAt(at).size, size);
         EXPECT_TRUE(edited.styleAt(at).bold);
     }

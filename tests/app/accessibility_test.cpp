@@ -55,4 +55,8 @@ TEST_F(FinestraTest, EveryControlAUserCanReachHasANameThatIsNotItsValue)
         }
         EXPECT_GT(controlli, 0) << finestra->objectName().toStdString(); // the walk found the controls
     }
+    // The sub-category menu's label says what the category holds, and the menu is spoken so.
+    const auto *etichetta = w->findChild<QLabel *>(u("StaticTextPop"));
+    EXPECT_EQ(PopCatB->accessibleName(), etichetta->text());
+    EXPECT_NE(etichetta->text(), u("Sotto-Categoria:"));
 }

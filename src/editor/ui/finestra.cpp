@@ -522,6 +522,7 @@ void finestra::PopCatA_Change()
         EditCerca->setEnabled(false);
         PopCatB->setEnabled(false);
         StaticTextPop->setText(QStringLiteral("Sotto-Categoria:"));
+        nomina(StaticTextPop, PopCatB); // spoken as it reads
         PopCatA->setCurrentIndex(0);
         return;
     }
@@ -535,6 +536,7 @@ void finestra::PopCatA_Change()
         const QSignalBlocker quiet(PopCatB);
         PopCatB->clear();
         StaticTextPop->setText(sotto.etichetta);
+        nomina(StaticTextPop, PopCatB);
         PopCatB->addItems(sotto.voci);
         PopCatB->setCurrentIndex(-1);
     }

@@ -41,11 +41,19 @@ if [ ! -f "$qt/.complete" ]; then
     mkdir -p "$work"
     source_tar=$shared/qt6-base_$qt_version+dfsg.orig.tar.xz
     if [ ! -f "$source_tar" ]; then
-      (cd "$work" && apt-get source --download-only qt6-base="$qt_version"+dfsg-10) || {
-        echo "Qt's source was not found in $shared, and 'apt-get source' needs a deb-src entry" >&2
+      # Debian's own source package, through a source list of this script's
+      # own: the system's lists stay as they are.
+      apt=$work/apt
+      mkdir -p "$apt/parts" "$apt/lists/partial"
+      printf '%s\n' 'Types: deb-src' 'URIs: http://deb.debian.org/debian' 'Suites: bookworm' 'Components: main' \
+        'Signed-By: /usr/share/keyrings/debian-archive-keyring.gpg' >"$apt/parts/debian-src.sources"
+      options=(-o Dir::Etc::SourceList=/dev/null -o Dir::Etc::SourceParts="$apt/parts" -o Dir::State::Lists="$apt/lists")
+      { apt-get "${options[@]}" update && (cd "$work" &&
+        apt-get "${options[@]}" source --download-only qt6-base="$qt_version"+dfsg-10); } || {
+        echo "Qt's source is neither in $shared nor to be had from Debian's archive" >&2
         exit 1
       }
-      source_tar=$(ls "$work"/qt6-base_$qt_version+dfsg.orig.tar.xz)
+      source_tar=$work/qt6-base_$qt_version+dfsg.orig.tar.xz
     fi
     tar -xJf "$source_tar" -C "$work"
     # The toolchain goes inside the installed Qt, which loads it from there.

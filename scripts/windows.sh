@@ -94,6 +94,8 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
   # Its exit status says little (it may report a service it could not start);
   # the prefix it leaves is what counts.
   wine wineboot -i </dev/null >/dev/null 2>&1 || true
+  # The registry reaches its files when the Wine server ends.
+  wineserver -w
   [ -f "$WINEPREFIX/system.reg" ] || { echo "wineboot made no Wine prefix in $WINEPREFIX" >&2; exit 1; }
 fi
 wineserver -p

@@ -4,7 +4,7 @@
 #  1. installs what is needed (scripts/install-deps.sh --windows);
 #  2. takes Qt 6.4.2 for MinGW from the cache folder, else unpacks the
 #     ready-built one from ../shared/windows/, else builds it from Qt's source
-#     (../shared/windows/ or `apt-get source qt6-base`) into the cache;
+#     (../shared/windows/, else Debian's source package) into the cache;
 #  3. cross-builds into build-windows/ (or $BUILD_DIR) with warnings as errors;
 #  4. runs the whole test suite under Wine;
 #  5. packs build-windows/lumetra-<version>-setup.exe (NSIS) and
